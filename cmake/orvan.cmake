@@ -1,0 +1,35 @@
+# What every target of the project shares: the include root, the warnings, the sanitizers.
+
+add_library(orvan_options INTERFACE)
+target_include_directories(orvan_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(orvan_options INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wsign-conversion;-Wshadow;-Wold-style-cast;-Wnon-virtual-dtor;-Woverloaded-virtual;-Wnull-dereference;-Werror>)
+
+if(MINGW)
+    # GCC 12 takes some joining of texts for an overlapping copy once all of it is inlined.
+    target_compile_options(orvan_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
+endif()
+
+if(ORVAN_SANITIZE)
+    target_compile_options(orvan_options INTERFACE
+        -fsanitize=${ORVAN_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(orvan_options INTERFACE -fsanitize=${ORVAN_SANITIZE})
+endif()
+
+# orvan_library(NAME SOURCES... ): a static library under the project's rules.
+function(orvan_library name)
+    add_library(${name} STATIC ${ARGN})
+    target_link_libraries(${name} PUBLIC orvan_options)
+endfunction()
+
+find_program(ORVAN_CCACHE ccache)
+if(ORVAN_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${ORVAN_CCACHE})
+endif()
+
+# orvan_link_platform(TARGET PLATFORM): links the player's own code with the platform that defines
+# the seam. Both sides are searched again, as the seam's users and its definitions are separate.
+function(orvan_link_platform target platform)
+    target_link_libraries(${target} PRIVATE
+        "$<LINK_GROUP:RESCAN,orvan_product,orvan_toolkit,${platform}>")
+endfunction()
