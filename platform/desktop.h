@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/types.h"
+
+#include <cstdint>
+#include <string>
+
+/// What the process and the desktop tell about themselves. Interface thread only.
+namespace platform {
+
+/// Connects to the window system. False, with the reason on standard error, when there is none.
+/// Called once, before anything else of the seam.
+bool start(int argumentCount, char** arguments);
+
+/// True when another copy of the program runs for this user on this display.
+bool previousInstance();
+
+/// The arguments joined by one blank, in the player's path form; where the whole names an
+/// existing file by a relative path, its absolute form.
+std::string commandLineTail();
+
+/// The folder of the settings file, without a trailing separator except at a root.
+std::string applicationFolder();
+
+/// The decimal sign of the user's locale, "." or ",".
+char decimalSign();
+
+/// Twips in one pixel; 15 on a standard display.
+float twipsPerPixelX();
+float twipsPerPixelY();
+
+/// The main screen's size in pixels.
+Size screenSize();
+
+/// Local time of day in whole seconds, 0 to 86399.
+std::int32_t secondsSinceMidnight();
+
+} // namespace platform

@@ -1,0 +1,66 @@
+#include "platform/desktop.h"
+#include "platform/linux/session_end.h"
+
+#include <QApplication>
+#include <QScreen>
+
+#include <xcb/xcb.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace platform {
+namespace {
+
+/// Qt would abort without one.
+bool displayAnswers() {
+    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
+    const bool answers = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return answers;
+}
+
+void chooseQtParts() {
+    // Only under X11 can a window be placed; a Wayland desktop has an X server for that.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    // Pictures are drawn by the processor; the OpenGL libraries would only cost memory.
+    qputenv("QT_XCB_GL_INTEGRATION", "none");
+    // The desktop's own theme plugin would bring a whole second toolkit along.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
+        qputenv("QT_QPA_PLATFORMTHEME", "generic");
+}
+
+} // namespace
+
+bool start(int argumentCount, char** arguments) {
+    if (!displayAnswers()) {
+        const char* const display = std::getenv("DISPLAY");
+        std::fprintf(stderr,
+                     "orvan: there is no X display to show windows on (DISPLAY is \"%s\").\n",
+                     display == nullptr ? "" : display);
+        return false;
+    }
+    chooseQtParts();
+    // The arguments are the player's, not Qt's. Qt keeps references to what it is given.
+    static char name[] = "orvan";
+    static char* kept[] = {argumentCount > 0 ? arguments[0] : name, nullptr};
+    static int count = 1;
+    // Never deleted: windows, timers and the tray icon may outlive any order of destruction.
+    static QApplication* const application = new QApplication(count, kept);
+    application->setApplicationName(QStringLiteral("orvan"));
+    application->setDesktopFileName(QStringLiteral("orvan"));
+    application->setQuitOnLastWindowClosed(false);
+    watchSessionEnd();
+    return true;
+}
+
+// The desktop's scale factor scales windows as a whole, so a pixel is a 96th of an inch to them.
+float twipsPerPixelX() { return 15.0F; }
+float twipsPerPixelY() { return 15.0F; }
+
+Size screenSize() {
+    const QSize size = QGuiApplication::primaryScreen()->geometry().size();
+    return {size.width(), size.height()};
+}
+
+} // namespace platform

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/types.h"
+
+namespace platform {
+
+/// Hands a mouse code of the tray icon to a hook window. Nothing happens if there is none.
+void deliverTrayCode(WindowHandle hook, std::int32_t code);
+
+} // namespace platform

@@ -1,0 +1,123 @@
+#include "platform/linux/media/sound_file_decoder.h"
+
+#include "platform/linux/media/down_mix.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <sndfile.h>
+#include <utility>
+
+namespace platform::media {
+namespace {
+
+// Frames mixed at a time: keeps the buffer small for files of very many channels.
+constexpr std::size_t mixFrames = 1024;
+
+sf_count_t fileSize(void* file) { return static_cast<FileWindow*>(file)->size(); }
+
+sf_count_t seekFile(sf_count_t offset, int origin, void* file) {
+    auto* window = static_cast<FileWindow*>(file);
+    std::int64_t start = 0;
+    if (origin == SEEK_CUR) start = window->position();
+    if (origin == SEEK_END) start = window->size();
+    window->seek(start + offset);
+    return window->position();
+}
+
+sf_count_t readFile(void* to, sf_count_t size, void* file) {
+    return static_cast<sf_count_t>(static_cast<FileWindow*>(file)->read(
+        to, static_cast<std::size_t>(std::max<sf_count_t>(0, size))));
+}
+
+sf_count_t writeNothing(const void*, sf_count_t, void*) { return 0; }
+
+sf_count_t positionOf(void* file) { return static_cast<FileWindow*>(file)->position(); }
+
+sf_count_t readFrames(SNDFILE* sound, short* to, sf_count_t count) {
+    return sf_readf_short(sound, to, count);
+}
+
+sf_count_t readFrames(SNDFILE* sound, float* to, sf_count_t count) {
+    return sf_readf_float(sound, to, count);
+}
+
+SampleKind kindOf(int format) {
+    switch (format & SF_FORMAT_SUBMASK) {
+    case SF_FORMAT_PCM_24:
+    case SF_FORMAT_PCM_32:
+    case SF_FORMAT_FLOAT:
+    case SF_FORMAT_DOUBLE:
+    case SF_FORMAT_VORBIS:
+    case SF_FORMAT_OPUS:
+    case SF_FORMAT_ALAC_20:
+    case SF_FORMAT_ALAC_24:
+    case SF_FORMAT_ALAC_32:
+        return SampleKind::Float32;
+    default:
+        return SampleKind::Signed16;
+    }
+}
+
+} // namespace
+
+void SoundFileDecoder::Closer::operator()(sf_private_tag* file) const { sf_close(file); }
+
+bool SoundFileDecoder::open(FileWindow file) {
+    file_ = std::make_unique<FileWindow>(std::move(file));
+    file_->seek(0);
+    SF_VIRTUAL_IO callbacks{fileSize, seekFile, readFile, writeNothing, positionOf};
+    SF_INFO info{};
+    sound_.reset(sf_open_virtual(&callbacks, SFM_READ, &info, file_.get()));
+    if (!sound_) return false;
+    // Frames of MPEG audio are found more strictly elsewhere.
+    if ((info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG) return false;
+    if (info.frames <= 0 || info.channels <= 0 || info.seekable == 0) return false;
+    if (info.samplerate < lowestRate || info.samplerate > highestRate) return false;
+    format_ = {info.samplerate, kindOf(info.format)};
+    frames_ = info.frames;
+    channels_ = static_cast<std::size_t>(info.channels);
+    if (channels_ == 2) return true;
+    // Laid out now: the decoding thread has nobody to tell that memory ran out.
+    const std::size_t samples = channels_ * mixFrames;
+    if (format_.kind == SampleKind::Signed16)
+        shorts_.resize(samples);
+    else
+        floats_.resize(samples);
+    return true;
+}
+
+bool SoundFileDecoder::seek(std::int64_t frame) {
+    at_ = frame;
+    return sf_seek(sound_.get(), frame, SEEK_SET) == frame;
+}
+
+template <class Sample>
+std::size_t SoundFileDecoder::readSamples(std::byte* to, std::size_t count,
+                                          std::vector<Sample>& mixBuffer) {
+    auto* out = reinterpret_cast<Sample*>(to);
+    if (channels_ == 2)
+        return static_cast<std::size_t>(
+            std::max<sf_count_t>(0, readFrames(sound_.get(), out, static_cast<sf_count_t>(count))));
+    std::size_t done = 0;
+    while (done < count) {
+        const std::size_t wanted = std::min(count - done, mixFrames);
+        const sf_count_t got =
+            readFrames(sound_.get(), mixBuffer.data(), static_cast<sf_count_t>(wanted));
+        if (got <= 0) break;
+        mixDown(mixBuffer.data(), channels_, static_cast<std::size_t>(got), out + 2 * done);
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
+std::size_t SoundFileDecoder::read(std::byte* to, std::size_t count) {
+    const auto left = static_cast<std::size_t>(std::max<std::int64_t>(0, frames_ - at_));
+    const std::size_t wanted = std::min(count, left);
+    const std::size_t done = format_.kind == SampleKind::Signed16
+                                 ? readSamples<short>(to, wanted, shorts_)
+                                 : readSamples<float>(to, wanted, floats_);
+    at_ += static_cast<std::int64_t>(done);
+    return done;
+}
+
+} // namespace platform::media

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/linux/media/file_window.h"
+#include "platform/linux/media/sound_format.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+struct sf_private_tag;
+
+namespace platform::media {
+
+/// WAV and its like, by libsndfile. Any number of channels, mixed down to two.
+class SoundFileDecoder {
+  public:
+    /// Takes over a whole file. False if it is none that can be heard.
+    bool open(FileWindow file);
+
+    SoundFormat format() const { return format_; }
+    std::int64_t frames() const { return frames_; }
+    bool seek(std::int64_t frame);
+    std::size_t read(std::byte* to, std::size_t count);
+
+  private:
+    struct Closer {
+        void operator()(sf_private_tag* file) const;
+    };
+
+    template <class Sample>
+    std::size_t readSamples(std::byte* to, std::size_t count, std::vector<Sample>& mixBuffer);
+
+    std::unique_ptr<FileWindow> file_; ///< at a fixed place: the library holds its address
+    std::unique_ptr<sf_private_tag, Closer> sound_;
+    SoundFormat format_;
+    std::int64_t frames_ = 0;
+    std::int64_t at_ = 0;
+    std::size_t channels_ = 0;
+    std::vector<short> shorts_;
+    std::vector<float> floats_;
+};
+
+} // namespace platform::media

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "platform/linux/media/block_queue.h"
+#include "platform/linux/media/decoder.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+
+namespace platform::media {
+
+/// A stretch of a track, in frames; `to` lies outside.
+struct Span {
+    std::int64_t from = 0;
+    std::int64_t to = 0;
+};
+
+/// An open file and the thread that decodes it. The thread keeps the track alive, so whoever lets
+/// go of one never waits for a disk that has stalled.
+class Track {
+  public:
+    struct Opened {
+        MediaError error = MediaError::None;
+        std::shared_ptr<Track> track;
+    };
+
+    /// Opens a file, waiting no longer than `limit`. `deliver` is called on the decoding thread
+    /// when sound has arrived that the reader was out of.
+    static Opened open(const std::string& hostPath, std::chrono::milliseconds limit,
+                       std::function<void()> deliver);
+
+    SoundFormat format() const { return format_; }
+    std::int64_t frames() const { return frames_; }
+    const std::string& hostPath() const { return hostPath_; }
+
+    /// Starts decoding a span; what was decoded before is stale. Returns the request's number.
+    std::uint32_t request(Span span);
+
+    /// Ends the decoding, at once or as soon as the disk lets go of the thread.
+    void release();
+
+    /// Reading side: the oldest block of a request, or null if it isn't decoded yet. Stale blocks
+    /// are dropped on the way.
+    Block* front(std::uint32_t request);
+    void pop();
+
+  private:
+    struct Private {};
+
+  public:
+    Track(Private, std::string hostPath, std::function<void()> deliver);
+
+  private:
+    enum class Opening { Running, Done };
+    enum class Going { On, Away };
+
+    static void run(const std::shared_ptr<Track>& track);
+    void openFile();
+    void decodeRequests();
+    bool waitForWork();
+    Going takeRequest();
+    void decodeBlock();
+
+    const std::string hostPath_;
+    const std::function<void()> deliver_;
+    SoundFormat format_;
+    std::int64_t frames_ = 0;
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    Opening opening_ = Opening::Running;      // guarded by mutex_
+    MediaError openError_ = MediaError::None; // guarded by mutex_
+    bool released_ = false;                   // guarded by mutex_
+    Span requested_;                          // guarded by mutex_
+    std::uint32_t lastRequest_ = 0;           // guarded by mutex_
+
+    std::unique_ptr<BlockQueue> queue_;
+    std::atomic<bool> starving_ = true; ///< the reader found nothing: tell it when there is more
+
+    // The decoding thread's own.
+    Decoder decoder_;
+    std::size_t blockFrames_ = 0;
+    std::uint32_t current_ = 0;
+    std::int64_t left_ = 0;
+    bool active_ = false;
+};
+
+} // namespace platform::media

@@ -1,0 +1,114 @@
+#include "platform/text.h"
+
+#include "platform/linux/fonts.h"
+#include "platform/linux/picture_image.h"
+
+#include <QFont>
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+namespace platform {
+namespace {
+
+struct Face {
+    std::string_view asked;
+    const char* family;
+    QFont::StyleHint hint;
+    int blankRows; ///< rows above its letters that the face asked for doesn't have
+};
+
+// Faces of like metrics that a desktop has; the hint picks one if it hasn't.
+constexpr std::array<Face, 3> faces{{
+    {"MS Sans Serif", "Liberation Sans", QFont::SansSerif, 0},
+    {"Tahoma", "Liberation Sans", QFont::SansSerif, 0},
+    {"Terminal", "Liberation Mono", QFont::TypeWriter, 1},
+}};
+
+const Face* faceOf(const Font& font) {
+    const auto found = std::find_if(faces.begin(), faces.end(),
+                                    [&](const Face& face) { return face.asked == font.face; });
+    return found == faces.end() ? nullptr : &*found;
+}
+
+int blankRowsOf(const Font& font) {
+    const Face* const face = faceOf(font);
+    return face == nullptr ? 0 : face->blankRows;
+}
+
+QFont makeFont(const Font& font) {
+    QFont made;
+    made.setFamily(QString::fromStdString(font.face));
+    made.setStyleHint(QFont::SansSerif);
+    if (const Face* const face = faceOf(font)) {
+        made.setFamily(QString::fromLatin1(face->family));
+        made.setStyleHint(face->hint);
+    }
+    made.setPixelSize(std::max(1, static_cast<int>(std::lround(font.points * 96 / 72))));
+    made.setBold(font.bold);
+    made.setItalic(font.italic);
+    made.setHintingPreference(QFont::PreferFullHinting);
+    made.setStyleStrategy(
+        static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    made.setKerning(false);
+    return made;
+}
+
+QString textOf(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+const QFont& fontFor(const Font& font) {
+    // The player uses a handful of fonts, over and over.
+    struct Known {
+        Font asked;
+        QFont made;
+    };
+    static std::vector<std::unique_ptr<Known>> known;
+    for (const auto& entry : known)
+        if (entry->asked == font) return entry->made;
+    known.push_back(std::make_unique<Known>(Known{font, makeFont(font)}));
+    return known.back()->made;
+}
+
+namespace {
+
+/// A short text a little too wide for its room, such as a time of seven characters, moves closer
+/// together rather than end in half a letter.
+QFont fittingFont(const Font& font, const QString& text, int room) {
+    constexpr qsizetype longestShortText = 12;
+    QFont fitting = fontFor(font);
+    if (text.size() <= longestShortText && QFontMetrics(fitting).horizontalAdvance(text) > room)
+        fitting.setLetterSpacing(QFont::AbsoluteSpacing, -1);
+    return fitting;
+}
+
+} // namespace
+
+Size measureText(const Font& font, std::string_view text) {
+    const QFontMetrics metrics(fontFor(font));
+    return {metrics.horizontalAdvance(textOf(text)), metrics.height() - blankRowsOf(font)};
+}
+
+void drawText(Picture& picture, const Rect& clip, Point origin, const Font& font, Pixel colour,
+              std::string_view text) {
+    if (picture.empty() || text.empty()) return;
+    QImage image = imageOf(picture, QImage::Format_RGB32);
+    QPainter painter(&image);
+    painter.setClipRect(
+        QRect(QPoint(clip.left, clip.top), QPoint(clip.right - 1, clip.bottom - 1)));
+    const QString words = textOf(text);
+    painter.setFont(fittingFont(font, words, clip.right - origin.x));
+    painter.setPen(QColor::fromRgb(colour));
+    const int baseline = origin.y + painter.fontMetrics().ascent() - blankRowsOf(font);
+    painter.drawText(QPoint(origin.x, baseline), words);
+}
+
+} // namespace platform

@@ -1,0 +1,226 @@
+#include "platform/linux/window_widget.h"
+
+#include "platform/linux/keys.h"
+#include "platform/linux/picture_image.h"
+#include "platform/linux/press_place.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace platform {
+namespace {
+
+std::int64_t milliseconds() {
+    static const QElapsedTimer clock = [] {
+        QElapsedTimer started;
+        started.start();
+        return started;
+    }();
+    return clock.elapsed();
+}
+
+Qt::WindowFlags flagsOf(Frame frame) {
+    if (frame == Frame::None) return Qt::Window | Qt::FramelessWindowHint;
+    return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+}
+
+PointerButton buttonOf(Qt::MouseButton button) {
+    switch (button) {
+    case Qt::NoButton:
+        return PointerButton::None;
+    case Qt::LeftButton:
+        return PointerButton::Left;
+    case Qt::RightButton:
+        return PointerButton::Right;
+    case Qt::MiddleButton:
+        return PointerButton::Middle;
+    default:
+        return PointerButton::Other;
+    }
+}
+
+/// The pixel that holds a place; a pixel spans from its own number to the next.
+Point pixelAt(QPointF place) {
+    return {static_cast<std::int32_t>(std::floor(place.x())),
+            static_cast<std::int32_t>(std::floor(place.y()))};
+}
+
+} // namespace
+
+WindowWidget::WindowWidget(const WindowOptions& options, WindowEvents events)
+    : QWidget(nullptr, flagsOf(options.frame)), events_(std::move(events)), frame_(options.frame),
+      place_(options.position) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setWindowTitle(QString::fromStdString(options.title));
+    setFixedSize(std::max(options.size.width, 1), std::max(options.size.height, 1));
+    move(place_.x, place_.y);
+    ownMoves_.note(place_, milliseconds());
+}
+
+void WindowWidget::end() {
+    tooltip_.setText({});
+    hide();
+    lifetime_.end();
+}
+
+void WindowWidget::place(Point place, Size outer) {
+    resizeTo(outer);
+    // Qt leaves out a move to where it takes the window to be. It takes it to be where the last
+    // echo said, which may be an old place; a step aside has the real move carried out.
+    const bool outOfDate = isVisible() && pos() != QPoint(place_.x, place_.y);
+    if (outOfDate && pos() == QPoint(place.x, place.y)) {
+        ownMoves_.note({place.x + 1, place.y}, milliseconds());
+        move(place.x + 1, place.y);
+    }
+    place_ = place;
+    ownMoves_.note(place_, milliseconds());
+    move(place_.x, place_.y);
+    tellMoved();
+}
+
+void WindowWidget::resizeTo(Size outer) {
+    const QSize border = frameGeometry().size() - size();
+    const QSize client(std::max(outer.width - border.width(), 1),
+                       std::max(outer.height - border.height(), 1));
+    if (client != size()) setFixedSize(client);
+}
+
+void WindowWidget::reveal() {
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void WindowWidget::cut(const RegionRows& rows) {
+    std::vector<QRect> rectangles;
+    rectangles.reserve(rows.rectangles.size());
+    for (const Rect& r : rows.rectangles)
+        rectangles.emplace_back(r.left, r.top, r.right - r.left, r.bottom - r.top);
+    QRegion region;
+    region.setRects(rectangles.data(), static_cast<int>(rectangles.size()));
+    if (region.isEmpty()) // Qt takes an empty mask for none: leave a pixel that nobody can reach
+        region = QRegion(-1, -1, 1, 1);
+    setMask(region);
+}
+
+void WindowWidget::askToClose() {
+    if (events_.closing) lifetime_.run(events_.closing);
+}
+
+bool WindowWidget::event(QEvent* event) {
+    // Tab is a key like any other here: there is nothing inside to move the focus to.
+    if (event->type() == QEvent::KeyPress) {
+        keyPressEvent(static_cast<QKeyEvent*>(event));
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void WindowWidget::paintEvent(QPaintEvent* /*event*/) {
+    const Picture* asked = nullptr;
+    if (events_.paint) lifetime_.run([&] { asked = &events_.paint(); });
+    if (asked == nullptr || asked->empty()) return;
+    QPainter painter(this);
+    const double scale = devicePixelRatioF();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
+    painter.drawImage(0, 0, imageOf(*asked, QImage::Format_RGB32));
+}
+
+void WindowWidget::moveEvent(QMoveEvent* /*event*/) {
+    const Point now{pos().x(), pos().y()};
+    if (!isVisible() || now == place_ || ownMoves_.isEcho(now, milliseconds())) return;
+    place_ = now;
+    tellMoved();
+}
+
+void WindowWidget::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    askToClose();
+}
+
+void WindowWidget::enterEvent(QEnterEvent* event) {
+    // Qt doesn't report the move that brought the pointer here.
+    tellPointer(PointerAction::Move, *event);
+}
+
+void WindowWidget::leaveEvent(QEvent* /*event*/) {
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    PointerEvent told;
+    told.action = PointerAction::Leave;
+    told.position = {pointer.x(), pointer.y()};
+    told.buttonsHeld = QApplication::mouseButtons() != Qt::NoButton;
+    tell(told);
+}
+
+void WindowWidget::mousePressEvent(QMouseEvent* event) { tellPress(*event, false); }
+
+void WindowWidget::mouseDoubleClickEvent(QMouseEvent* event) { tellPress(*event, true); }
+
+void WindowWidget::mouseReleaseEvent(QMouseEvent* event) {
+    tellPointer(PointerAction::Release, *event);
+}
+
+void WindowWidget::mouseMoveEvent(QMouseEvent* event) {
+    tooltip_.pointerMoved();
+    tellPointer(PointerAction::Move, *event);
+}
+
+void WindowWidget::wheelEvent(QWheelEvent* event) {
+    constexpr int notch = 120;
+    wheelRemainder_ += event->angleDelta().y() * QApplication::wheelScrollLines();
+    PointerEvent told;
+    told.action = PointerAction::Wheel;
+    told.position = pixelAt(event->position());
+    told.buttonsHeld = event->buttons() != Qt::NoButton;
+    told.wheelRows = -(wheelRemainder_ / notch);
+    wheelRemainder_ %= notch;
+    if (told.wheelRows != 0) tell(told);
+}
+
+void WindowWidget::keyPressEvent(QKeyEvent* event) {
+    if (events_.key) lifetime_.run([&] { events_.key(keyEventOf(*event)); });
+}
+
+void WindowWidget::tellPress(const QMouseEvent& event, bool secondPress) {
+    // Qt counts a press on another window, which was under this one, as a first press too.
+    static const WindowWidget* pressedLast = nullptr;
+    const bool sameWindow = std::exchange(pressedLast, this) == this;
+    tellPointer(PointerAction::Press, event, secondPress && sameWindow);
+}
+
+void WindowWidget::tellPointer(PointerAction action, const QSinglePointEvent& event,
+                               bool secondPress) {
+    PointerEvent told;
+    told.action = action;
+    told.button = buttonOf(event.button());
+    told.position = pixelAt(event.position());
+    told.secondPress = secondPress;
+    told.buttonsHeld = event.buttons() != Qt::NoButton;
+    const QPoint onScreen = event.globalPosition().toPoint();
+    const PressPlace handled(action == PointerAction::Press
+                                 ? std::optional<Point>({onScreen.x(), onScreen.y()})
+                                 : std::nullopt);
+    tell(told);
+}
+
+void WindowWidget::tell(const PointerEvent& event) {
+    if (events_.pointer) lifetime_.run([&] { events_.pointer(event); });
+}
+
+void WindowWidget::tellMoved() {
+    if (events_.moved) lifetime_.run([&] { events_.moved(place_); });
+}
+
+} // namespace platform

@@ -1,0 +1,38 @@
+#include "platform/region_table.h"
+
+#include "platform/regions.h"
+
+#include <utility>
+
+namespace platform {
+
+RegionHandle RegionTable::add(RegionRows rows) {
+    regions_.emplace(++last_, std::move(rows));
+    return last_;
+}
+
+std::int32_t RegionTable::combine(RegionHandle target, RegionHandle first, RegionHandle second,
+                                  std::int32_t mode) {
+    const auto a = regions_.find(first);
+    const auto b = regions_.find(second);
+    const auto result = regions_.find(target);
+    if (mode != RGN_OR || a == regions_.end() || b == regions_.end() || result == regions_.end())
+        return 0;
+    result->second = unionRows(a->second, b->second);
+    switch (result->second.rectangles.size()) {
+    case 0:
+        return 1;
+    case 1:
+        return 2;
+    default:
+        return 3;
+    }
+}
+
+std::optional<RegionRows> RegionTable::take(RegionHandle region) {
+    auto node = regions_.extract(region);
+    if (node.empty()) return std::nullopt;
+    return std::move(node.mapped());
+}
+
+} // namespace platform

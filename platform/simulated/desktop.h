@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/types.h"
+
+#include <string>
+
+namespace simulated {
+
+/// What the process is told about itself and the desktop; set it before the player starts.
+struct Desktop {
+    bool display = true; ///< without one `platform::start` fails
+    bool previousInstance = false;
+    std::string commandLine;
+    std::string applicationFolder = "C:\\Orvan";
+    char decimalSign = '.';
+    float twipsPerPixelX = 15.0F;
+    float twipsPerPixelY = 15.0F;
+    platform::Size screen{1024, 768};
+    platform::Rect workArea{0, 0, 1024, 738};
+    platform::Point cursor; ///< the pointer, screen pixels; follows the pointer events
+};
+
+} // namespace simulated

@@ -1,0 +1,53 @@
+#include "platform/simulated/regions.h"
+
+#include "platform/simulated/window_state.h"
+#include "platform/simulated/world.h"
+
+#include <utility>
+
+namespace simulated {
+
+bool inShape(platform::WindowHandle handle, std::int32_t x, std::int32_t y) {
+    const Window& cut = window(handle);
+    const bool inside = x >= 0 && y >= 0 && x < cut.size.width && y < cut.size.height;
+    return inside && (!cut.shape || cut.shape->contains({x, y}));
+}
+
+} // namespace simulated
+
+namespace platform {
+
+using simulated::world;
+
+RegionHandle CreateRoundRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,
+                                std::int32_t bottom, std::int32_t ellipseWidth,
+                                std::int32_t ellipseHeight) {
+    return world.regions.table.add(
+        roundRectangleRows({left, top, right, bottom}, {ellipseWidth, ellipseHeight}));
+}
+
+RegionHandle CreateRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,
+                           std::int32_t bottom) {
+    return world.regions.table.add(rectangleRows({left, top, right, bottom}));
+}
+
+std::int32_t CombineRgn(RegionHandle target, RegionHandle first, RegionHandle second,
+                        std::int32_t mode) {
+    const std::int32_t result = world.regions.table.combine(target, first, second, mode);
+    if (result == 0) simulated::misuse("a region that is unknown or belongs to the system");
+    return result;
+}
+
+std::int32_t SetWindowRgn(WindowHandle window, RegionHandle region, std::int32_t redraw) {
+    simulated::Window& cut = simulated::existing(window);
+    auto rows = region == 0 ? std::nullopt : world.regions.table.take(region);
+    if (region != 0 && !rows)
+        simulated::misuse("a region that is unknown or belongs to the system");
+    cut.region = region;
+    cut.shape = std::move(rows);
+    if (redraw != 0) cut.paintWanted = true;
+    simulated::note("shape window " + std::to_string(window));
+    return 1;
+}
+
+} // namespace platform

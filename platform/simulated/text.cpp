@@ -1,0 +1,67 @@
+#include "platform/simulated/text.h"
+
+#include "platform/simulated/world.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace simulated {
+
+bool Text::shows(const std::string& text) const {
+    return std::any_of(drawn.begin(), drawn.end(),
+                       [&](const Drawn& one) { return one.text == text; });
+}
+
+} // namespace simulated
+
+namespace platform {
+namespace {
+
+using simulated::world;
+
+Size characterSize(const Font& font) {
+    const auto pixels = [&](double per) {
+        return std::max(1, static_cast<std::int32_t>(std::lround(font.points * per)));
+    };
+    return {pixels(0.72), pixels(1.6)};
+}
+
+bool continuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+
+void fill(Picture& picture, const Rect& clip, const Rect& box, Pixel colour) {
+    const std::int32_t left = std::max({box.left, clip.left, 0});
+    const std::int32_t right = std::min({box.right, clip.right, picture.width});
+    const std::int32_t top = std::max({box.top, clip.top, 0});
+    const std::int32_t bottom = std::min({box.bottom, clip.bottom, picture.height});
+    for (std::int32_t y = top; y < bottom; ++y)
+        for (std::int32_t x = left; x < right; ++x)
+            picture.row(y)[x] = colour;
+}
+
+} // namespace
+
+Size measureText(const Font& font, std::string_view text) {
+    const Size character = characterSize(font);
+    const auto characters = static_cast<std::int32_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return !continuesCharacter(c); }));
+    return {characters * character.width, character.height};
+}
+
+void drawText(Picture& picture, const Rect& clip, Point origin, const Font& font, Pixel colour,
+              std::string_view text) {
+    world.text.drawn.push_back({std::string(text), font, colour, origin, clip});
+    if (world.text.leaveOut) return;
+    const Size character = characterSize(font);
+    std::int32_t left = origin.x;
+    for (const char c : text) {
+        if (continuesCharacter(c)) continue;
+        if (c != ' ')
+            fill(picture, clip,
+                 {left, origin.y + 2, left + std::max(1, character.width - 1),
+                  origin.y + character.height - 2},
+                 colour);
+        left += character.width;
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,184 @@
+#include "platform/simulated/window.h"
+
+#include "platform/simulated/window_state.h"
+#include "platform/simulated/world.h"
+#include "platform/system.h"
+
+#include <algorithm>
+
+namespace simulated {
+
+Window& existing(WindowHandle handle) {
+    const auto found = world.windows.all.find(handle);
+    if (found == world.windows.all.end())
+        misuse("no window " + std::to_string(handle) + ", or it was destroyed");
+    return found->second;
+}
+
+const Window& window(WindowHandle handle) { return existing(handle); }
+
+WindowHandle windowTitled(const std::string& title) {
+    WindowHandle found = 0;
+    for (const auto& [handle, one] : world.windows.all) {
+        if (one.options.title != title || one.trayCode) continue;
+        if (found != 0) misuse("several windows are titled " + title);
+        found = handle;
+    }
+    if (found == 0) misuse("no window is titled " + title);
+    return found;
+}
+
+platform::Picture picture(WindowHandle handle) {
+    const Window& shown = existing(handle);
+    if (!shown.events.paint) misuse("the window paints nothing");
+    return shown.events.paint();
+}
+
+void paintWaiting() {
+    std::vector<WindowHandle> waiting;
+    for (auto& [handle, one] : world.windows.all)
+        if (one.visible && one.paintWanted) waiting.push_back(handle);
+    for (const WindowHandle handle : waiting) {
+        const auto found = world.windows.all.find(handle);
+        if (found == world.windows.all.end() || !found->second.paintWanted) continue;
+        found->second.paintWanted = false;
+        ++found->second.paints;
+        if (found->second.events.paint) found->second.events.paint();
+    }
+}
+
+bool enabled(WindowHandle handle) {
+    const Windows& windows = world.windows;
+    if (windows.allDisabled > 0) return false;
+    if (!windows.modal.empty() && windows.modal.back() != handle) return false;
+    return std::find(windows.disabledOwners.begin(), windows.disabledOwners.end(), handle) ==
+           windows.disabledOwners.end();
+}
+
+void bringToFront(WindowHandle handle) {
+    std::erase(world.windows.order, handle);
+    world.windows.order.push_back(handle);
+}
+
+void setVisible(WindowHandle handle, bool visible) {
+    Window& changed = existing(handle);
+    if (visible) bringToFront(handle);
+    if (changed.visible == visible) return;
+    changed.visible = visible;
+    changed.paintWanted = visible;
+    if (!visible) std::erase(world.windows.order, handle);
+    note((visible ? "show window " : "hide window ") + std::to_string(handle));
+}
+
+void place(WindowHandle handle, platform::Point corner) {
+    Window& moved = existing(handle);
+    if (moved.position == corner) return;
+    moved.position = corner;
+    const auto tell = moved.events.moved; // the event may destroy the window
+    if (tell) tell(corner);
+}
+
+void moveByWindowManager(WindowHandle handle, platform::Point corner) {
+    if (!existing(handle).visible) misuse("a hidden window can't be moved by the user");
+    place(handle, corner);
+}
+
+void closeByUser(WindowHandle handle) {
+    const auto closing = existing(handle).events.closing;
+    if (closing) closing();
+    paintWaiting();
+}
+
+void clickButton(WindowHandle handle, const std::string& caption) {
+    const Window& shown = existing(handle);
+    if (!shown.visible) misuse("a hidden window's button can't be clicked");
+    const auto found = std::find_if(shown.buttons.begin(), shown.buttons.end(),
+                                    [&](const auto& one) { return one.button.caption == caption; });
+    if (found == shown.buttons.end()) misuse("the window has no button " + caption);
+    if (!enabled(handle)) return;
+    const auto clicked = found->clicked; // it may destroy the window
+    if (clicked) clicked();
+    paintWaiting();
+}
+
+void onModalWindow(std::function<void()> action) {
+    world.windows.modalScripts.push_back(std::move(action));
+}
+
+} // namespace simulated
+
+namespace platform {
+
+using simulated::existing;
+using simulated::world;
+
+WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
+    if (options.size.width <= 0 || options.size.height <= 0) simulated::misuse("an empty window");
+    const WindowHandle handle = ++world.windows.last;
+    simulated::Window& made = world.windows.all[handle];
+    made.options = options;
+    made.events = std::move(events);
+    made.position = options.position;
+    made.size = options.size;
+    return handle;
+}
+
+void destroyWindow(WindowHandle window) {
+    if (window <= 1000 || window > world.windows.last) simulated::misuse("no such window");
+    std::erase_if(world.windows.all, [&](const auto& entry) {
+        return entry.first == window || entry.second.parent == window;
+    });
+    std::erase(world.windows.order, window);
+    if (world.windows.captured == window) world.windows.captured = 0;
+    if (world.windows.hovered == window) world.windows.hovered = 0;
+}
+
+void showWindow(WindowHandle window, bool visible) { simulated::setVisible(window, visible); }
+
+void showWindowModal(WindowHandle window) {
+    simulated::setVisible(window, true);
+    world.windows.modal.push_back(window);
+    const simulated::Restore leave([] { world.windows.modal.pop_back(); });
+    simulated::run();
+    simulated::runNextScript(world.windows.modalScripts);
+    const auto closed = [&] {
+        const auto found = world.windows.all.find(window);
+        return found == world.windows.all.end() || !found->second.visible;
+    };
+    simulated::runUntil(closed, "a modal window");
+}
+
+void requestPaint(WindowHandle window) { existing(window).paintWanted = true; }
+
+void setTooltip(WindowHandle window, const std::string& text) { existing(window).tooltip = text; }
+
+void createPushButton(WindowHandle window, const PushButton& button,
+                      std::function<void()> clicked) {
+    const Rect& area = button.area;
+    simulated::Window& holder = existing(window);
+    if (area.left < 0 || area.top < 0 || area.right > holder.size.width ||
+        area.bottom > holder.size.height || area.left >= area.right || area.top >= area.bottom)
+        simulated::misuse("a push button outside its window");
+    holder.buttons.push_back({button, std::move(clicked)});
+}
+
+WindowHandle createHookWindow(WindowHandle parent, std::function<void(std::int32_t)> code) {
+    existing(parent);
+    const WindowHandle handle = ++world.windows.last;
+    simulated::Window& hook = world.windows.all[handle];
+    hook.parent = parent;
+    hook.trayCode = std::move(code);
+    return handle;
+}
+
+bool MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_t width,
+                std::int32_t height, bool repaint) {
+    simulated::Window& moved = existing(window);
+    moved.size = {width, height};
+    if (repaint) moved.paintWanted = true;
+    if (moved.position != Point{x, y}) simulated::note("move window " + std::to_string(window));
+    simulated::place(window, {x, y});
+    return true;
+}
+
+} // namespace platform

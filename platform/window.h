@@ -1,0 +1,120 @@
+#pragma once
+
+#include "platform/picture.h"
+#include "platform/text.h"
+#include "platform/types.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// What the toolkit needs of a window system. Interface thread only, events included.
+namespace platform {
+
+enum class PointerAction { Move, Press, Release, Wheel, Leave };
+enum class PointerButton { None, Left, Right, Middle, Other };
+
+/// One thing that the pointer did over a window, or anywhere while a button pressed there is down.
+struct PointerEvent {
+    PointerAction action = PointerAction::Move;
+    PointerButton button = PointerButton::None; ///< the button of a press or a release
+    Point position;                             ///< client pixels; may lie outside the window
+    bool secondPress = false;   ///< a press that completes a double click of this button
+    bool buttonsHeld = false;   ///< any button is down after this event
+    std::int32_t wheelRows = 0; ///< list rows to scroll, downwards positive; `Wheel` only
+};
+
+enum class Key { Other, Up, Down, Home, End, PageUp, PageDown, Enter, Escape, Tab, Space };
+
+struct KeyEvent {
+    Key key = Key::Other;
+    std::string text; ///< what the key types, UTF-8; empty for keys that type nothing
+};
+
+/// The events of a window. Those not set are ignored.
+struct WindowEvents {
+    std::function<void(const PointerEvent&)> pointer;
+    std::function<void(const KeyEvent&)> key;
+    std::function<const Picture&()> paint; ///< asked for when the window has to show something new
+    std::function<void(Point)> moved;      ///< new top left corner, screen pixels
+    std::function<void()> closing;         ///< the system closes the window, or the session ends
+};
+
+enum class Frame {
+    None,  ///< client area only, may be shaped
+    Dialog ///< the platform's own thin title bar with a close box
+};
+
+struct WindowOptions {
+    std::string title;
+    Frame frame = Frame::None;
+    Point position; ///< of the outer top left corner, screen pixels
+    Size size;      ///< of the client area, pixels
+};
+
+/// What the pointer looks like over something, and the pixel of it that points.
+struct PointerShape {
+    Picture picture; ///< empty for the usual pointer
+    Point hotSpot;
+};
+
+/// A push button of the platform's own, in its current style.
+struct PushButton {
+    std::string caption; ///< "&" stands before the letter that clicks it together with Alt
+    Rect area;           ///< client pixels of its window
+    Font font;
+    PointerShape pointer;
+};
+
+/// Makes a hidden top-level window.
+WindowHandle createWindow(const WindowOptions& options, WindowEvents events);
+
+/// Destroys a window; its events no longer run. Safe inside one of its own events.
+void destroyWindow(WindowHandle window);
+
+/// Shows a window without blocking, or hides it.
+void showWindow(WindowHandle window, bool visible);
+
+/// Shows a window, disables all other windows of the program and runs events until it is hidden
+/// or destroyed.
+void showWindowModal(WindowHandle window);
+
+/// Has `paint` called, once, before the event loop next waits.
+void requestPaint(WindowHandle window);
+
+/// Puts a push button in a window, on top of its picture and for as long as the window lasts. It
+/// has the keyboard while its window has. `clicked` runs from the event loop and may end the
+/// window.
+void createPushButton(WindowHandle window, const PushButton& button, std::function<void()> clicked);
+
+/// The tooltip of what is under the pointer now; empty for none. The platform shows it after its
+/// usual delay and takes it away when the text changes.
+void setTooltip(WindowHandle window, const std::string& text);
+
+/// A hidden window that receives the tray icon's mouse codes (513 left press, 515 left double
+/// click, 517 right release and so on) as pointer X in pixels.
+WindowHandle createHookWindow(WindowHandle parent, std::function<void(std::int32_t)> code);
+
+/// Gives the program its icon, in several sizes with real alpha. Called once, after `start`; a
+/// platform whose executables carry their icon ignores it.
+void setApplicationIcon(const std::vector<Picture>& sizes);
+
+/// The program's icon as the shell calls want it; 0 if there is none.
+std::int32_t applicationIcon();
+
+struct MenuItem {
+    std::string caption;
+    std::int32_t id = 0; ///< of an entry, above 0; 0 for the head of a sub-menu
+    std::vector<MenuItem> children;
+};
+
+/// Shows a menu at the pointer and runs events until it closes. The id picked, or 0.
+std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items);
+
+enum class MessageIcon { None, Critical };
+
+/// Shows a message with an OK button and runs events until it is closed.
+void messageBox(const std::string& text, const std::string& title, MessageIcon icon);
+
+} // namespace platform

@@ -1,0 +1,91 @@
+#include "platform/desktop.h"
+
+#include "platform/windows/code_page.h"
+#include "platform/windows/win32.h"
+
+#include <string_view>
+
+namespace platform {
+namespace {
+
+constexpr float twipsPerInch = 1440.0F;
+
+float twipsPerPixel(int pixelsPerInchIndex) {
+    const HDC screen = GetDC(nullptr);
+    const int pixelsPerInch = GetDeviceCaps(screen, pixelsPerInchIndex);
+    ReleaseDC(nullptr, screen);
+    return twipsPerInch / static_cast<float>(pixelsPerInch);
+}
+
+/// What stands behind the program's name, which may be in quotes.
+std::wstring_view tailOf(std::wstring_view line) {
+    const bool quoted = line.starts_with(L'"');
+    const std::size_t end = quoted ? line.find(L'"', 1) : line.find_first_of(L" \t");
+    line.remove_prefix(end == std::wstring_view::npos ? line.size() : end + 1);
+    const std::size_t first = line.find_first_not_of(L" \t");
+    return first == std::wstring_view::npos ? std::wstring_view() : line.substr(first);
+}
+
+std::wstring fullPathOf(const std::wstring& path) {
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    const DWORD length =
+        GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    full.resize(length);
+    return full;
+}
+
+bool isFile(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+} // namespace
+
+bool start(int /*argumentCount*/, char** /*arguments*/) {
+    const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_STANDARD_CLASSES | ICC_TAB_CLASSES};
+    InitCommonControlsEx(&controls);
+    // The shell's dialogs are made of objects.
+    OleInitialize(nullptr);
+    return true;
+}
+
+bool previousInstance() {
+    // Kept until the process ends. A name without a prefix belongs to the user's session.
+    static const bool previous = [] {
+        const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Orvan Music Player");
+        return mutex == nullptr || GetLastError() == ERROR_ALREADY_EXISTS;
+    }();
+    return previous;
+}
+
+std::string commandLineTail() {
+    const std::wstring tail(tailOf(GetCommandLineW()));
+    return fromWide(isFile(tail) ? fullPathOf(tail) : tail);
+}
+
+std::string applicationFolder() {
+    std::wstring program(32768, L'\0');
+    program.resize(GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
+    std::wstring folder = program.substr(0, program.rfind(L'\\'));
+    if (folder.ends_with(L':')) folder += L'\\';
+    return fromWide(folder);
+}
+
+char decimalSign() {
+    wchar_t sign[4] = {};
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, sign, 4);
+    return sign[0] == L',' ? ',' : '.';
+}
+
+float twipsPerPixelX() { return twipsPerPixel(LOGPIXELSX); }
+float twipsPerPixelY() { return twipsPerPixel(LOGPIXELSY); }
+
+Size screenSize() { return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
+
+std::int32_t secondsSinceMidnight() {
+    SYSTEMTIME now = {};
+    GetLocalTime(&now);
+    return (now.wHour * 60 + now.wMinute) * 60 + now.wSecond;
+}
+
+} // namespace platform

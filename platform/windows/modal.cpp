@@ -1,0 +1,99 @@
+#include "platform/windows/code_page.h"
+#include "platform/windows/handles.h"
+#include "platform/windows/message_window.h"
+#include "platform/windows/window_table.h"
+
+namespace platform {
+namespace {
+
+/// The windows that a modal one keeps the user from, for as long as it lasts.
+class OthersDisabled {
+  public:
+    explicit OthersDisabled(HWND modal) {
+        for (const WindowRecord& record : windowTable()) {
+            if (record->window == modal || IsWindowEnabled(record->window) == FALSE) continue;
+            disabled_.push_back(record->window);
+            EnableWindow(record->window, FALSE);
+        }
+    }
+    OthersDisabled(const OthersDisabled&) = delete;
+    OthersDisabled& operator=(const OthersDisabled&) = delete;
+    ~OthersDisabled() {
+        for (const HWND window : disabled_)
+            EnableWindow(window, TRUE);
+    }
+
+  private:
+    std::vector<HWND> disabled_;
+};
+
+void runWhileVisible(HWND window) {
+    MSG message = {};
+    while (IsWindow(window) != FALSE && IsWindowVisible(window) != FALSE) {
+        if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+            // It is for the loop around this one.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        dispatchMessage(message);
+    }
+}
+
+struct MenuEnder {
+    void operator()(HMENU menu) const { DestroyMenu(menu); } // its sub-menus go with it
+};
+using OwnedMenu = std::unique_ptr<HMENU__, MenuEnder>;
+
+OwnedMenu makeMenu(const std::vector<MenuItem>& items) {
+    OwnedMenu menu(CreatePopupMenu());
+    for (const MenuItem& item : items) {
+        const std::wstring caption = toWide(item.caption);
+        if (item.children.empty()) {
+            AppendMenuW(menu.get(), MF_STRING, static_cast<UINT_PTR>(item.id), caption.c_str());
+            continue;
+        }
+        const HMENU children = makeMenu(item.children).release();
+        AppendMenuW(menu.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(children), caption.c_str());
+    }
+    return menu;
+}
+
+/// A menu takes the pointer away from all windows.
+void takeTooltipsAway() {
+    for (const WindowRecord& record : windowTable())
+        record->tooltip.setText(record->window, {});
+}
+
+} // namespace
+
+void showWindowModal(WindowHandle window) {
+    const HWND active = GetActiveWindow();
+    {
+        const OthersDisabled others(windowOf(window));
+        showWindow(window, true);
+        runWhileVisible(windowOf(window));
+    }
+    // The system may have given the keyboard to another program while all others were disabled.
+    if (active != nullptr && IsWindowVisible(active) != FALSE) SetForegroundWindow(active);
+}
+
+std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items) {
+    const OwnedMenu menu = makeMenu(items);
+    takeTooltipsAway();
+    POINT place = {};
+    ::GetCursorPos(&place);
+    // Only a menu of the foreground window goes away at a click elsewhere.
+    SetForegroundWindow(windowOf(window));
+    const BOOL picked = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY | TPM_RIGHTBUTTON,
+                                       place.x, place.y, 0, windowOf(window), nullptr);
+    PostMessageW(windowOf(window), WM_NULL, 0, 0);
+    return picked;
+}
+
+void messageBox(const std::string& text, const std::string& title, MessageIcon icon) {
+    const UINT look = icon == MessageIcon::Critical ? MB_ICONERROR : 0;
+    MessageBoxW(nullptr, toWide(text).c_str(), toWide(title).c_str(),
+                MB_OK | MB_TASKMODAL | MB_SETFOREGROUND | look);
+}
+
+} // namespace platform

@@ -1,0 +1,102 @@
+#include "platform/window.h"
+
+#include "platform/windows/code_page.h"
+#include "platform/windows/handles.h"
+#include "platform/windows/window_table.h"
+
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+constexpr const wchar_t* className = L"OrvanWindow";
+
+struct Style {
+    DWORD usual;
+    DWORD extended;
+};
+
+/// A system menu has the task bar treat a window without a frame like any other.
+Style styleOf(Frame frame) {
+    if (frame == Frame::None) return {WS_POPUP | WS_SYSMENU | WS_MINIMIZEBOX, 0};
+    return {WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN, WS_EX_TOOLWINDOW};
+}
+
+HINSTANCE program() { return GetModuleHandleW(nullptr); }
+
+void registerClass() {
+    static const bool registered = [] {
+        WNDCLASSW windowClass = {};
+        windowClass.style = CS_DBLCLKS;
+        windowClass.lpfnWndProc = windowProcedure;
+        windowClass.hInstance = program();
+        windowClass.hIcon = LoadIconW(program(), MAKEINTRESOURCEW(1));
+        windowClass.hCursor = LoadCursor(nullptr, IDC_ARROW);
+        windowClass.lpszClassName = className;
+        return RegisterClassW(&windowClass) != 0;
+    }();
+    static_cast<void>(registered);
+}
+
+Size outerSize(const WindowOptions& options, Style style) {
+    RECT edges = {0, 0, options.size.width, options.size.height};
+    AdjustWindowRectEx(&edges, style.usual, FALSE, style.extended);
+    return {edges.right - edges.left, edges.bottom - edges.top};
+}
+
+void reveal(HWND window) {
+    ShowWindow(window, IsIconic(window) != FALSE ? SW_RESTORE : SW_SHOW);
+    SetForegroundWindow(window);
+}
+
+} // namespace
+
+std::vector<WindowRecord>& windowTable() {
+    static std::vector<WindowRecord> all;
+    return all;
+}
+
+WindowRecord findWindow(HWND window) {
+    const auto found =
+        std::find_if(windowTable().begin(), windowTable().end(),
+                     [&](const WindowRecord& record) { return record->window == window; });
+    return found == windowTable().end() ? nullptr : *found;
+}
+
+WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
+    registerClass();
+    const Style style = styleOf(options.frame);
+    const Size size = outerSize(options, style);
+    const HWND window = CreateWindowExW(
+        style.extended, className, toWide(options.title).c_str(), style.usual, options.position.x,
+        options.position.y, size.width, size.height, nullptr, nullptr, program(), nullptr);
+    const auto record = std::make_shared<WindowState>();
+    record->window = window;
+    record->frame = options.frame;
+    record->events = std::move(events);
+    windowTable().push_back(record);
+    return numberOf(window);
+}
+
+void destroyWindow(WindowHandle window) {
+    // Out of the table first: nothing that its end brings about is told any more.
+    std::erase_if(windowTable(),
+                  [&](const WindowRecord& record) { return record->window == windowOf(window); });
+    DestroyWindow(windowOf(window));
+}
+
+void showWindow(WindowHandle window, bool visible) {
+    if (visible)
+        reveal(windowOf(window));
+    else
+        ShowWindow(windowOf(window), SW_HIDE);
+}
+
+void requestPaint(WindowHandle window) { InvalidateRect(windowOf(window), nullptr, FALSE); }
+
+void setTooltip(WindowHandle window, const std::string& text) {
+    if (const WindowRecord record = findWindow(windowOf(window)))
+        record->tooltip.setText(record->window, text);
+}
+
+} // namespace platform

@@ -1,0 +1,89 @@
+#include "platform/windows/keys.h"
+#include "platform/windows/pointer.h"
+#include "platform/windows/push_button.h"
+#include "platform/windows/window_table.h"
+
+namespace platform {
+namespace {
+
+BITMAPINFO layoutOf(const Picture& picture) {
+    BITMAPINFO layout = {};
+    layout.bmiHeader.biSize = sizeof layout.bmiHeader;
+    layout.bmiHeader.biWidth = picture.width;
+    layout.bmiHeader.biHeight = -picture.height; // from top to bottom
+    layout.bmiHeader.biPlanes = 1;
+    layout.bmiHeader.biBitCount = 32;
+    layout.bmiHeader.biCompression = BI_RGB;
+    return layout;
+}
+
+/// Puts the whole picture up in one step, with nothing painted before it.
+void paint(WindowState& state) {
+    const Picture* const picture = state.events.paint ? &state.events.paint() : nullptr;
+    PAINTSTRUCT request = {};
+    const HDC target = BeginPaint(state.window, &request);
+    if (picture != nullptr && !picture->empty()) {
+        const BITMAPINFO layout = layoutOf(*picture);
+        SetDIBitsToDevice(target, 0, 0, static_cast<DWORD>(picture->width),
+                          static_cast<DWORD>(picture->height), 0, 0, 0,
+                          static_cast<UINT>(picture->height), picture->pixels.data(), &layout,
+                          DIB_RGB_COLORS);
+    }
+    EndPaint(state.window, &request);
+}
+
+void tellMoved(WindowState& state, const WINDOWPOS& change) {
+    // A minimised window stands at a place that is none.
+    if ((change.flags & SWP_NOMOVE) != 0 || IsIconic(state.window) != FALSE) return;
+    if (state.events.moved) state.events.moved({change.x, change.y});
+}
+
+void tellClosing(WindowState& state) {
+    if (state.events.closing) state.events.closing();
+}
+
+/// The session's end comes to every window; the player is told of it once.
+void tellSessionEnd(WindowState& state) {
+    if (windowTable().front().get() == &state) tellClosing(state);
+}
+
+/// Whether a message has been dealt with.
+bool handled(WindowState& state, UINT message, WPARAM first, LPARAM second) {
+    switch (message) {
+    case WM_ERASEBKGND:
+        return true;
+    case WM_PAINT:
+        paint(state);
+        return true;
+    case WM_WINDOWPOSCHANGED:
+        tellMoved(state, *reinterpret_cast<const WINDOWPOS*>(second));
+        return false;
+    case WM_CLOSE:
+        tellClosing(state);
+        return true;
+    case WM_COMMAND:
+        tellClicked(state, reinterpret_cast<HWND>(second));
+        return true;
+    case WM_SETCURSOR:
+        return shapePointer(state, reinterpret_cast<HWND>(first));
+    case WM_SETFOCUS:
+        focusButton(state);
+        return true;
+    case WM_ENDSESSION:
+        if (first != FALSE) tellSessionEnd(state);
+        return true;
+    default:
+        return tellPointer(state, message, first, second) || tellKey(state, message, first);
+    }
+}
+
+} // namespace
+
+LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    const WindowRecord state = findWindow(window);
+    if (state != nullptr && handled(*state, message, first, second))
+        return message == WM_ERASEBKGND || message == WM_SETCURSOR ? TRUE : FALSE;
+    return DefWindowProcW(window, message, first, second);
+}
+
+} // namespace platform

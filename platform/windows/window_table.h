@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/window.h"
+#include "platform/windows/tooltip.h"
+#include "platform/windows/win32.h"
+
+#include <memory>
+#include <vector>
+
+namespace platform {
+
+struct CursorEnder {
+    void operator()(HICON cursor) const { DestroyCursor(cursor); }
+};
+using OwnedCursor = std::unique_ptr<HICON__, CursorEnder>;
+
+struct ButtonState {
+    HWND button = nullptr;
+    OwnedCursor cursor; ///< null for the usual one
+    std::function<void()> clicked;
+};
+
+/// What the platform keeps of a window of the player.
+struct WindowState {
+    HWND window = nullptr;
+    Frame frame = Frame::None;
+    WindowEvents events;
+    Tooltip tooltip;
+    std::vector<ButtonState> buttons;
+    bool pointerInside = false; ///< its leaving will be told
+    int wheelRemainder = 0;     ///< parts of a row, as the system counts the wheel
+    wchar_t firstHalf = 0;      ///< of a character that is typed as two
+};
+
+using WindowRecord = std::shared_ptr<WindowState>;
+
+/// All windows, in the order of their making.
+std::vector<WindowRecord>& windowTable();
+
+/// Null for windows that aren't the player's. Held by every handler that runs, as a handler may
+/// open a dialog in whose loop another one destroys the window.
+WindowRecord findWindow(HWND window);
+
+LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM first, LPARAM second);
+
+} // namespace platform
