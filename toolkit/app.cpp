@@ -1,0 +1,12 @@
+#include "toolkit/app.h"
+
+#include "platform/desktop.h"
+
+namespace toolkit::App {
+
+std::string Path() { return platform::applicationFolder(); }
+bool PrevInstance() { return platform::previousInstance(); }
+std::string Command() { return platform::commandLineTail(); }
+char DecimalSign() { return platform::decimalSign(); }
+
+} // namespace toolkit::App

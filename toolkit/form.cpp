@@ -1,0 +1,186 @@
+#include "toolkit/form.h"
+
+#include "platform/system.h"
+#include "toolkit/guard.h"
+#include "toolkit/screen.h"
+
+namespace toolkit {
+
+Form::Form(FormData data) : data_(std::move(data)), bounds_(data_.bounds) {}
+
+Form::~Form() { close(); }
+
+void Form::load() {
+    if (window_ != 0) return;
+    bounds_ = data_.bounds;
+    if (data_.centred) {
+        bounds_.left = (Screen::Width() - bounds_.width) / 2;
+        bounds_.top = (Screen::Height() - bounds_.height) / 2;
+    }
+    createWindow();
+    if (Load) Load();
+}
+
+void Form::createWindow() {
+    const platform::Rect area = toPixels(bounds_);
+    platform::WindowOptions options;
+    options.title = data_.caption;
+    options.frame = data_.frame;
+    options.position = corner_ = {area.left, area.top};
+    options.size = {area.right - area.left, area.bottom - area.top};
+    platform::WindowEvents events;
+    events.pointer = [this](const platform::PointerEvent& event) {
+        guarded([&] { dispatch(event); });
+    };
+    events.key = [this](const platform::KeyEvent& event) {
+        guarded([&] {
+            for (Control* control : controls_)
+                control->key(event);
+        });
+    };
+    events.paint = [this]() -> const platform::Picture& {
+        guarded([this] { paint(); });
+        return picture_;
+    };
+    events.moved = [this](platform::Point corner) { moved(corner); };
+    events.closing = [this] {
+        guarded([this] {
+            Unload();
+            if (ClosedBySystem) ClosedBySystem();
+        });
+    };
+    window_ = platform::createWindow(options, std::move(events));
+    for (Control* control : controls_)
+        control->windowMade(window_);
+    changed();
+}
+
+void Form::close() {
+    for (Timer* timer : timers_)
+        timer->detach();
+    if (window_ == 0) return;
+    const platform::WindowHandle window = window_;
+    window_ = 0;
+    visible_ = false;
+    captured_ = false;
+    tooltip_.clear();
+    platform::destroyWindow(window);
+}
+
+void Form::Unload() {
+    if (window_ == 0) return;
+    if (QueryUnload) QueryUnload();
+    close();
+}
+
+Twips Form::Left() {
+    load();
+    return bounds_.left;
+}
+
+Twips Form::Top() {
+    load();
+    return bounds_.top;
+}
+
+Twips Form::Width() {
+    load();
+    return bounds_.width;
+}
+
+Twips Form::Height() {
+    load();
+    return bounds_.height;
+}
+
+void Form::Left(Twips left) {
+    load();
+    bounds_.left = left;
+    place();
+}
+
+void Form::Top(Twips top) {
+    load();
+    bounds_.top = top;
+    place();
+}
+
+void Form::Width(Twips width) {
+    load();
+    bounds_.width = width;
+    place();
+}
+
+void Form::Height(Twips height) {
+    load();
+    bounds_.height = height;
+    place();
+}
+
+void Form::place() {
+    const platform::Rect area = toPixels(bounds_);
+    corner_ = {area.left, area.top};
+    platform::MoveWindow(window_, area.left, area.top, area.right - area.left,
+                         area.bottom - area.top, true);
+    changed();
+}
+
+void Form::moved(platform::Point corner) {
+    // The echo of a property just set must not round the twips that were set.
+    if (corner == corner_) return;
+    corner_ = corner;
+    bounds_.left = static_cast<Twips>(corner.x) * Screen::TwipsPerPixelX();
+    bounds_.top = static_cast<Twips>(corner.y) * Screen::TwipsPerPixelY();
+}
+
+bool Form::Visible() {
+    load();
+    return visible_;
+}
+
+platform::WindowHandle Form::hWnd() {
+    load();
+    return window_;
+}
+
+void Form::Show() {
+    load();
+    visible_ = true;
+    platform::showWindow(window_, true);
+}
+
+void Form::ShowModal() {
+    load();
+    if (visible_) return;
+    visible_ = true;
+    platform::showWindowModal(window_);
+    visible_ = false;
+}
+
+void Form::Hide() {
+    load();
+    visible_ = false;
+    captured_ = false;
+    platform::showWindow(window_, false);
+}
+
+void Form::changed() {
+    stale_ = true;
+    if (window_ == 0) return;
+    platform::requestPaint(window_);
+    refreshTooltip();
+}
+
+const platform::Picture& Form::paint() {
+    if (!stale_) return picture_;
+    stale_ = false;
+    const platform::Rect area = toPixels(bounds_);
+    const platform::Rect client{0, 0, area.right - area.left, area.bottom - area.top};
+    picture_ = platform::Picture(client.right, client.bottom, pixelOf(data_.backColour));
+    blit(picture_, client, {0, 0}, data_.picture);
+    for (auto control = controls_.rbegin(); control != controls_.rend(); ++control)
+        if ((*control)->shown()) (*control)->paint(picture_, (*control)->area());
+    return picture_;
+}
+
+} // namespace toolkit

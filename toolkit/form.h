@@ -1,0 +1,113 @@
+#pragma once
+
+#include "platform/picture.h"
+#include "platform/window.h"
+#include "toolkit/control.h"
+#include "toolkit/painter.h"
+#include "toolkit/timer.h"
+#include "toolkit/units.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace toolkit {
+
+/// What a form is before its code runs.
+struct FormData {
+    std::string caption;
+    Bounds bounds;        ///< as designed; `left` and `top` count only if not centred
+    bool centred = false; ///< in the middle of the screen when it loads
+    StoredColour backColour = Black;
+    platform::Picture picture; ///< drawn from the top left corner at its natural size
+    platform::Frame frame = platform::Frame::None;
+};
+
+/// A top-level window: it holds its controls, topmost first, paints itself into one picture and
+/// sorts what the pointer and the keys do. It loads at the first touch of any property, of its own
+/// or of its controls.
+class Form {
+  public:
+    explicit Form(FormData data);
+    ~Form();
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    [[nodiscard]] Twips Left();
+    void Left(Twips left);
+    [[nodiscard]] Twips Top();
+    void Top(Twips top);
+    [[nodiscard]] Twips Width();
+    void Width(Twips width);
+    [[nodiscard]] Twips Height();
+    void Height(Twips height);
+    [[nodiscard]] bool Visible();
+    /// The number that names the window to the system.
+    [[nodiscard]] platform::WindowHandle hWnd();
+
+    /// Shows the window without waiting for it.
+    void Show();
+    /// Shows the window and returns when it is hidden or unloaded; at once if it shows already.
+    void ShowModal();
+    void Hide();
+    /// Runs `QueryUnload`, then takes the window away. The next touch loads it afresh.
+    void Unload();
+
+    std::function<void()> Load;
+    std::function<void()> QueryUnload;
+    /// What follows after the system, not the program, has closed the window.
+    std::function<void()> ClosedBySystem;
+    MouseHandler MouseDown;
+    MouseHandler MouseMove;
+    MouseHandler MouseUp;
+
+    /// Takes a control of the window table below those taken before; loads nothing.
+    void add(Control& control) { controls_.push_back(&control); }
+    /// Takes a timer, which stops when the form unloads.
+    void add(Timer& timer) { timers_.push_back(&timer); }
+    /// The controls, topmost first.
+    [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }
+
+    /// Makes the window and runs `Load`, unless that has been done.
+    void load();
+    [[nodiscard]] bool loaded() const { return window_ != 0; }
+    /// Has the window painted anew once the running handler is done.
+    void changed();
+
+  private:
+    void createWindow();
+    void close();
+    void place();
+    void moved(platform::Point corner);
+    const platform::Picture& paint();
+
+    void dispatch(const platform::PointerEvent& event);
+    void press(const platform::PointerEvent& event);
+    void move(const platform::PointerEvent& event);
+    void release(const platform::PointerEvent& event);
+    [[nodiscard]] Control* controlAt(platform::Point place) const;
+    [[nodiscard]] MouseArguments argumentsFor(const Control* target,
+                                              const platform::PointerEvent& event) const;
+    void refreshTooltip();
+
+    FormData data_;
+    std::vector<Control*> controls_;
+    std::vector<Timer*> timers_;
+    Bounds bounds_;
+    platform::WindowHandle window_ = 0;
+    platform::Point corner_; ///< where the window was last put, screen pixels
+    platform::Picture picture_;
+    bool visible_ = false;
+    bool stale_ = true;
+
+    // The press in progress: who took it (no control stands for the background), and where the
+    // pointer is.
+    bool captured_ = false;
+    Control* captor_ = nullptr;
+    platform::PointerButton capturingButton_ = platform::PointerButton::None;
+    platform::Point pointer_;
+    bool pointerInside_ = false;
+    std::string tooltip_;
+};
+
+} // namespace toolkit

@@ -1,0 +1,54 @@
+#include "toolkit/guard.h"
+
+#include "platform/events.h"
+
+#include <string>
+
+namespace toolkit {
+
+namespace {
+
+bool fatalEnd = false;
+
+/// Tests replace the end of the process by an exception, after which another player may start.
+struct FatalEnd {
+    FatalEnd() { fatalEnd = true; }
+    ~FatalEnd() { fatalEnd = false; }
+    FatalEnd(const FatalEnd&) = delete;
+    FatalEnd& operator=(const FatalEnd&) = delete;
+};
+
+} // namespace
+
+bool endingFatally() { return fatalEnd; }
+
+void endFatally(const runtime::NumberedError& error) {
+    const FatalEnd end;
+    std::string text =
+        "Run-time error " + std::to_string(error.number) + ": " + error.description();
+    if (!error.detail.empty()) text += "\n" + error.detail;
+    platform::fatalMessage(text.c_str());
+    platform::endProcess(1);
+}
+
+void yieldToEvents() { platform::yieldToEvents(); }
+
+void yieldInDrag() {
+    constexpr int deepest = 16;
+    static int depth = 0;
+    if (depth == deepest) return;
+    struct Level {
+        Level() { ++depth; }
+        ~Level() { --depth; }
+        Level(const Level&) = delete;
+        Level& operator=(const Level&) = delete;
+    };
+    const Level level;
+    platform::yieldToEvents();
+}
+
+void endProgram() { platform::endProcess(0); }
+
+void leaveEventLoop() { platform::leaveEventLoop(0); }
+
+} // namespace toolkit

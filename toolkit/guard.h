@@ -1,0 +1,43 @@
+#pragma once
+
+#include "runtime/errors.h"
+
+#include <new>
+
+namespace toolkit {
+
+/// The fatal end: shows the error's number and description and ends the process with status 1.
+/// Nothing guarded runs any more, though the message lets events through.
+[[noreturn]] void endFatally(const runtime::NumberedError& error);
+
+/// True from the fatal message on.
+bool endingFatally();
+
+/// Runs code that the platform calls. An error that no trap inside took is the fatal end.
+template <class Code>
+void guarded(Code&& code) {
+    if (endingFatally()) return;
+    try {
+        code();
+    } catch (const runtime::NumberedError& error) {
+        endFatally(error);
+    } catch (const std::bad_alloc&) {
+        endFatally({runtime::OutOfMemory});
+    }
+}
+
+/// Lets every waiting event run, then returns.
+void yieldToEvents();
+
+/// The same at the end of a drag's move. Each yield may run the next move, which yields in turn; so
+/// that a pointer that never rests can't nest them without end, the events that wait past a certain
+/// depth are left to the yields further out.
+void yieldInDrag();
+
+/// Ends the process at once, with status 0: no further event, no saving.
+[[noreturn]] void endProgram();
+
+/// Ends the event loop once the handlers now running have returned.
+void leaveEventLoop();
+
+} // namespace toolkit

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "toolkit/control.h"
+#include "toolkit/painter.h"
+
+#include <vector>
+
+namespace toolkit {
+
+/// A box without a border that shows a bitmap from its top left corner, cropped to the box, on its
+/// back colour. It may hold other controls, which it crops too; the pointer doesn't reach them.
+class PictureBox : public Control {
+  public:
+    /// Set once, from the window table.
+    void setPicture(platform::Picture picture) { picture_ = std::move(picture); }
+    /// Black if it isn't set.
+    void setBackColour(StoredColour colour) { backColour_ = colour; }
+    /// Takes a control, placed relative to the box, below those taken before.
+    void hold(Control& control) { held_.push_back(&control); }
+
+    void paint(platform::Picture& target, const platform::Rect& area) const override;
+
+  private:
+    platform::Picture picture_;
+    StoredColour backColour_ = Black;
+    std::vector<Control*> held_;
+};
+
+} // namespace toolkit
