@@ -1,0 +1,55 @@
+#pragma once
+
+#include "movement/docking.h"
+#include "runtime/integers.h"
+#include "toolkit/form.h"
+#include "toolkit/image.h"
+#include "toolkit/label.h"
+#include "toolkit/list_box.h"
+#include "toolkit/picture_box.h"
+
+struct ModMain;
+
+/// The playlist window. It holds the list, its own keys and the dock flags, and no logic of its
+/// own: its keys call into frmPlayer.
+class FrmPlaylist {
+  public:
+    explicit FrmPlaylist(ModMain& shared);
+
+    toolkit::PictureBox pctLboxUpDown, pctLBoxDownDown, pctNone, pctLBoxUpUp, pctLBoxDownUp;
+    toolkit::PictureBox pctClearAll, pctClear;
+    toolkit::ListBox List1;
+    toolkit::Label lblTitle, lblPlaying;
+    toolkit::Image pctPlaylistQuitDown, pctPlaylistMini, pctPlaylistMiniDown, pctPlaylistQuit;
+    toolkit::Image pctPlsOpenDown, pctPlsPlayDown, pctPlsStopDown, pctPlsNextDown, pctPlsPrevDown;
+    toolkit::Image pctPlsOpen, pctPlsPlay, pctPlsStop, pctPlsNext, pctPlsPrev;
+    toolkit::Image pctPlsPause, pctPlsPauseDown;
+
+    // Declared behind its controls: it is taken down before them.
+    toolkit::Form window;
+
+    void pctPlsStop_MouseUp();
+
+    runtime::Bool16 playlistdockX; ///< docked above or below the main window
+    runtime::Bool16 playlistdockY; ///< docked to the left or right of the main window
+
+    /// Pulls a window's place, in pixels, to the edges of the work area.
+    void frmMove(runtime::Int32& X, runtime::Int32& Y, toolkit::Form& frm);
+
+  private:
+    void layOut();
+    void connectKeys();
+    void connectScrollKeys();
+    void connectDrag();
+    void connectTitleKeys();
+    void pctPlsPause_MouseDown();
+    void pctPlsPauseDown_MouseDown();
+    void Form_MouseDown();
+    void Form_MouseMove();
+    void liftPlaylistKey();
+
+    ModMain& shared_;
+    runtime::Bool16 playlistDragging;
+    docking::Place dragStart; ///< the window's place at the press
+    docking::Place drag;      ///< where the latest move puts it
+};

@@ -1,0 +1,23 @@
+#include "app/modMain.h"
+#include "assets/assets.h"
+#include "platform/desktop.h"
+#include "platform/events.h"
+#include "platform/window.h"
+#include "toolkit/bitmap.h"
+#include "toolkit/guard.h"
+
+namespace {
+
+/// Desktops show no larger one of a window, pixels.
+constexpr std::int32_t largestIcon = 128;
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    if (!platform::start(argumentCount, arguments)) return 1;
+    platform::setApplicationIcon(toolkit::decodeIcon(assets::file("orvan.ico"), largestIcon));
+    const auto program = std::make_unique<ModMain>();
+    toolkit::guarded([&] { program->Main(); });
+    if (!program->frmPlayer.window.loaded()) return 0;
+    return platform::runEvents();
+}

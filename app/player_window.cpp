@@ -1,0 +1,113 @@
+#include "app/frmPlayer.h"
+#include "app/pictures.h"
+#include "shell/clsSysTray.h"
+#include "toolkit/guard.h"
+#include "toolkit/window_table.h"
+
+namespace {
+
+using toolkit::Start::Hidden;
+using toolkit::Start::Shown;
+using W = FrmPlayer;
+
+constexpr std::int32_t tickInterval = 966; // ms
+
+// clang-format off
+/// From the topmost control to the lowest; places and sizes in twips.
+const toolkit::ControlRow<W> controls[] = {
+    //control                 name                 left   top width height start   tooltip     bitmap
+    {&W::lblRepeat,          "lblRepeat",          3240,  360,  735, 135, Shown,  "",         ""},
+    {&W::lblShuffle,         "lblShuffle",         3240,  240,  735, 135, Shown,  "",         ""},
+    {&W::pctvolume,          "pctvolume",          3000,  840,  135, 150, Shown,  "",         "pctvolume.bmp"},
+    {&W::pctprogressbar,     "pctprogressbar",      240,  480,  465, 135, Shown,  "",         "pctprogressbar.bmp"},
+    {&W::pctprogressbardown, "pctprogressbardown",  240,  480,  465, 135, Hidden, "",         "pctprogressbardown.bmp"},
+    {&W::pctprevdown,        "pctprevdown",         120,  720,  270, 240, Hidden, "Previous", "pctprevdown.bmp"},
+    {&W::pctnextdown,        "pctnextdown",         480,  720,  270, 240, Hidden, "Next",     "pctnextdown.bmp"},
+    {&W::pctstopdown,        "pctstopdown",         840,  720,  270, 240, Hidden, "Stop",     "pctstopdown.bmp"},
+    {&W::pctplaydown,        "pctplaydown",        1200,  720,  270, 240, Hidden, "Play",     "pctplaydown.bmp"},
+    {&W::pctopendown,        "pctopendown",        1560,  720,  270, 240, Hidden, "Open",     "pctopendown.bmp"},
+    {&W::pctpausedown,       "pctpausedown",       2040,  720,  270, 240, Hidden, "Pause",    "pctpausedown.bmp"},
+    {&W::pctalarmdown,       "pctalarmdown",       3240,  720,  270, 240, Hidden, "Alarm",    "pctalarmdown.bmp"},
+    {&W::pctplaylistdown,    "pctplaylistdown",    3720,  720,  270, 240, Hidden, "Playlist", "pctplaylistdown.bmp"},
+    {&W::pctpause,           "pctpause",           2040,  720,  270, 240, Shown,  "",         "key.bmp"},
+    {&W::pctopen,            "pctopen",            1560,  720,  270, 240, Shown,  "",         "key.bmp"},
+    {&W::pctPlay,            "pctPlay",            1200,  720,  270, 240, Shown,  "",         "key.bmp"},
+    {&W::pctstop,            "pctstop",             840,  720,  270, 240, Shown,  "",         "key.bmp"},
+    {&W::pctnext,            "pctnext",             480,  720,  270, 240, Shown,  "",         "key.bmp"},
+    {&W::pctplaylist,        "pctplaylist",        3720,  720,  270, 240, Shown,  "",         "key.bmp"},
+    {&W::pctprev,            "pctprev",             120,  720,  270, 240, Shown,  "",         "key.bmp"},
+    {&W::pctalarm,           "pctalarm",           3240,  720,  270, 240, Shown,  "",         "key.bmp"},
+    {&W::pctminimisedown,    "pctminimisedown",    3720,    0,  135, 240, Hidden, "",         "pctminimisedown.bmp"},
+    {&W::pctquitdown,        "pctquitdown",        3960,    0,  150, 285, Hidden, "",         "pctquitdown.bmp"},
+    {&W::pctquit,            "pctquit",            3960,    0,  165, 300, Shown,  "",         "pctquit.bmp"},
+    {&W::pctminimise,        "pctminimise",        3720,    0,  135, 240, Shown,  "",         "pctminimise.bmp"},
+    {&W::cmdSet,             "cmdSet",             2040,  240,  615, 255, Hidden, "",         ""},
+    {&W::lblMin,             "lblMin",             3360,  240,  615, 255, Hidden, "",         ""},
+    {&W::lblHr,              "lblHr",              2760,  240,  495, 255, Hidden, "",         ""},
+    {&W::lblTimer,           "lblTimer",           1320,  240,  855, 255, Hidden, "",         ""},
+    {&W::lblshowtime,        "lblshowtime",         120,  240, 1095, 255, Shown,  "",         ""},
+    {&W::lblTimenow,         "lblTimenow",         1320,  240,  735, 255, Shown,  "",         ""},
+};
+// clang-format on
+
+const platform::Font large{"MS Sans Serif", 12, false, false};
+const platform::Font medium{"MS Sans Serif", 9.75, false, false};
+const platform::Font tiny{"Terminal", 6, true, true};
+
+const toolkit::LabelRow<W> texts[] = {
+    {&W::lblshowtime, "Timer off", large, toolkit::Yellow},
+    {&W::lblTimenow, "", large, toolkit::Yellow},
+    {&W::lblTimer, "", large, toolkit::Yellow},
+    {&W::lblHr, "Hour", medium, toolkit::Yellow},
+    {&W::lblMin, "Minute", medium, toolkit::Yellow},
+    {&W::cmdSet, "Set", medium, toolkit::Yellow},
+    {&W::lblRepeat, "Repeat", tiny, toolkit::Yellow},
+    {&W::lblShuffle, "Shuffle", tiny, toolkit::Yellow},
+};
+
+toolkit::FormData data() {
+    toolkit::FormData form;
+    form.caption = "Orvan Music Player";
+    form.bounds = {0, 0, 4140, 1230};
+    form.centred = true;
+    form.picture = skinPicture("frmPlayer.bmp");
+    return form;
+}
+
+} // namespace
+
+FrmPlayer::FrmPlayer(ModMain& shared) : window(data()), shared_(shared) {
+    layOut();
+    connectEvents();
+}
+
+FrmPlayer::~FrmPlayer() = default;
+
+void FrmPlayer::connectEvents() {
+    window.Load = [this] { Form_Load(); };
+    window.QueryUnload = [this] { Form_QueryUnload(); };
+    // What the system closes is gone for good: nothing visible would be left to run.
+    window.ClosedBySystem = [this] {
+        closedBySystem = true;
+        toolkit::leaveEventLoop();
+    };
+    Timer1.Tick = [this] { Timer1_Timer(); };
+    lblRepeat.Click = [this] { lblRepeat_Click(); };
+    lblShuffle.Click = [this] { lblShuffle_Click(); };
+    lblTimenow.Click = [this] { lblTimenow_Click(); };
+    connectKeys();
+    connectCoveredKeys();
+    connectSeekBar();
+    connectVolume();
+    connectAlarm();
+    connectDrag();
+    connectPlaylistKey();
+    createMenus();
+}
+
+void FrmPlayer::layOut() {
+    Timer1.attach(window, tickInterval, false);
+    window.add(Timer1);
+    toolkit::layOut<W>(*this, window, controls, skinPicture);
+    toolkit::setTexts<W>(*this, texts);
+}

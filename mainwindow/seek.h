@@ -1,0 +1,25 @@
+#pragma once
+
+#include "runtime/fixed.h"
+
+#include <cstdint>
+
+/// The seek bar's arithmetic: positions and lengths in seconds, places and distances in twips,
+/// device positions in thousandths of a second.
+namespace seek {
+
+/// The distance that a drag stands for. The share taken off is the travel already made times the
+/// length over the bar's travel, not over the length: from about 54 minutes on it overshoots.
+runtime::Fixed dragOffset(std::int32_t pointerTravel, runtime::Fixed length,
+                          runtime::Fixed position, runtime::Fixed pressPosition);
+
+/// `Left` of a dragged thumb, from the position that the move before has asked for. Nothing limits
+/// it. Error 11 or 6 for a length of 0.
+float draggedLeft(runtime::Fixed position, runtime::Fixed pressPosition, runtime::Fixed length,
+                  std::int32_t pressLeft);
+
+/// The position that a distance asks for, from where the device stands now.
+runtime::Fixed soughtPosition(runtime::Fixed length, runtime::Fixed offset,
+                              std::int32_t devicePosition);
+
+} // namespace seek

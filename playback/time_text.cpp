@@ -1,0 +1,11 @@
+#include "playback/time_text.h"
+
+#include "runtime/number_text.h"
+
+std::string timeText(runtime::Fixed length, runtime::Fixed position, bool showElapsed) {
+    const runtime::Fixed time = showElapsed ? position : length - position;
+    const std::int32_t seconds = runtime::roundToInt32(time).value() % 60;
+    const double minutes = (time - runtime::Fixed(seconds)).toDouble() / 60;
+    return (showElapsed ? "" : "-") + runtime::twoDigits(minutes) + ":" +
+           runtime::twoDigits(seconds);
+}
