@@ -1,0 +1,137 @@
+#include "platform/simulated/world.h"
+#include "toolkit/cursor.h"
+#include "toolkit/form.h"
+#include "toolkit/image.h"
+#include "toolkit/picture_box.h"
+#include "toolkit/text_box.h"
+
+#include <doctest/doctest.h>
+
+using simulated::world;
+using toolkit::TextBox;
+
+namespace {
+
+/// A letter of this font is 6 by 14 pixels on the simulated platform.
+const platform::Font font{"Tahoma", 9, true, false};
+constexpr std::int32_t letterWidth = 6;
+constexpr std::int32_t rowHeight = 14;
+
+toolkit::FormData formOfAnySize() {
+    toolkit::FormData data;
+    data.bounds = {0, 0, 3000, 3000};
+    return data;
+}
+
+/// A text box of 106 pixels, which leave room for 16 letters, on a form of its own.
+struct Box {
+    explicit Box(const std::string& text) {
+        simulated::reset();
+        REQUIRE(platform::measureText(font, "x") == platform::Size{letterWidth, rowHeight});
+        box.place(form, "Text1", {0, 0, 106 * 15, 3000}, true, "");
+        box.setText(text, font, toolkit::Blue, toolkit::White);
+        form.add(box);
+    }
+
+    std::vector<simulated::Text::Drawn> rows() {
+        world.text.drawn.clear();
+        form.Show();
+        simulated::picture(form.hWnd());
+        return world.text.drawn;
+    }
+
+    TextBox box;
+    toolkit::Form form{formOfAnySize()};
+};
+
+std::vector<std::string> textsOf(const std::vector<simulated::Text::Drawn>& rows) {
+    std::vector<std::string> texts;
+    for (const auto& row : rows)
+        texts.push_back(row.text);
+    return texts;
+}
+
+} // namespace
+
+TEST_CASE("a text box folds a line at the last blank that fits") {
+    Box box("one two three four five ");
+    CHECK(textsOf(box.rows()) == std::vector<std::string>{"one two three", "four five"});
+}
+
+TEST_CASE("a line that fits exactly is not folded, blanks behind it don't count") {
+    Box box("123456 890123456   \r\n123456 8901234567");
+    CHECK(textsOf(box.rows()) ==
+          std::vector<std::string>{"123456 890123456", "123456", "8901234567"});
+}
+
+TEST_CASE("a word wider than the text box has a row of its own") {
+    Box box("a 12345678901234567890 b");
+    CHECK(textsOf(box.rows()) == std::vector<std::string>{"a", "12345678901234567890", "b"});
+}
+
+TEST_CASE("an empty line of a text box takes its row") {
+    Box box("a\r\n\r\nb\r\n");
+    const auto rows = box.rows();
+    REQUIRE(textsOf(rows) == std::vector<std::string>{"a", "b"});
+    CHECK(rows[1].origin.y - rows[0].origin.y == 2 * rowHeight);
+}
+
+TEST_CASE("a text box centres its lines") {
+    Box box("ab\r\nabcdef");
+    const auto rows = box.rows();
+    REQUIRE(rows.size() == 2);
+    for (const auto& row : rows) {
+        const auto length = static_cast<std::int32_t>(row.text.size());
+        CHECK(row.origin.x == (106 - length * letterWidth) / 2);
+    }
+}
+
+TEST_CASE("a picture box crops what it holds, and the pointer doesn't reach it") {
+    Box box("");
+    toolkit::PictureBox viewport;
+    TextBox inside;
+    int presses = 0;
+    viewport.place(box.form, "Picture1", {1800, 1500, 300, 300}, true, "");
+    viewport.setBackColour(toolkit::Yellow);
+    inside.place(box.form, "Text2", {-150, 150, 3000, 3000}, true, "");
+    inside.setText("", font, toolkit::Blue, toolkit::Red);
+    viewport.hold(inside);
+    box.form.add(viewport);
+    viewport.MouseDown = [&](const auto&) { ++presses; };
+    inside.MouseDown = [](const auto&) { FAIL("the pointer reached the held control"); };
+    box.form.Show();
+    const platform::Picture picture = simulated::picture(box.form.hWnd());
+    CHECK(picture.row(105)[125] == toolkit::pixelOf(toolkit::Yellow));
+    CHECK(picture.row(110)[120] == toolkit::pixelOf(toolkit::Red));
+    CHECK(picture.row(119)[139] == toolkit::pixelOf(toolkit::Red));
+    CHECK(picture.row(119)[140] == toolkit::pixelOf(toolkit::Black));
+    CHECK(picture.row(120)[139] == toolkit::pixelOf(toolkit::Black));
+    CHECK(picture.row(99)[130] == toolkit::pixelOf(toolkit::Black));
+    simulated::click(box.form.hWnd(), 132, 115);
+    CHECK(presses == 1);
+}
+
+TEST_CASE("an image with alpha lets its form shine through") {
+    simulated::reset();
+    toolkit::FormData data = formOfAnySize();
+    data.backColour = toolkit::White;
+    toolkit::Image image;
+    toolkit::Form form{data};
+    platform::Picture picture(4, 1);
+    picture.pixels = {0xFF0000FFU, 0x000000FFU, 0x800000FFU, 0xFFFFFFFFU};
+    image.place(form, "Image1", {0, 0, 60, 15}, true, "");
+    image.setPicture(picture);
+    form.add(image);
+    form.Show();
+    const platform::Picture shown = simulated::picture(form.hWnd());
+    CHECK(shown.row(0)[0] == 0xFF0000FFU);
+    CHECK(shown.row(0)[1] == 0xFFFFFFFFU);
+    CHECK(shown.row(0)[2] == 0xFF7F7FFFU);
+    CHECK(shown.row(0)[3] == 0xFFFFFFFFU);
+}
+
+TEST_CASE("anything but a pointer file decodes to no pointer") {
+    std::vector<std::byte> file(766);
+    CHECK(toolkit::decodeCursor(file).picture.empty());
+    CHECK(toolkit::decodeCursor({}).picture.empty());
+}

@@ -1,0 +1,490 @@
+#include "tests/behaviour/window_pair.h"
+
+using behaviour::Point;
+using behaviour::WindowPair;
+using simulated::world;
+
+TEST_CASE("the main window docks from 14 pixels above the playlist and not from 15") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.takeMain();
+    WindowPair::dragTo(150, 203);
+    CHECK(windows.main() == Point{150, 203});
+    WindowPair::dragTo(150, 204);
+    CHECK(windows.main() == Point{150, 218});
+    CHECK(windows.free()); // not before the release
+    simulated::release();
+    CHECK(windows.stacked());
+    CHECK_FALSE(windows.beside());
+    CHECK(windows.list() == Point{100, 300});
+}
+
+TEST_CASE("a release 15 pixels away leaves the windows free") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.dragMain(150, 203);
+    CHECK(windows.free());
+}
+
+TEST_CASE("what counts is where the main window is let go, not what it passed") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.takeMain();
+    WindowPair::dragTo(150, 204);
+    WindowPair::dragTo(150, 150);
+    simulated::release();
+    CHECK(windows.free());
+    CHECK(windows.main() == Point{150, 150});
+}
+
+TEST_CASE("left edges 10 apart line up while docking, 15 apart they don't") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.takeMain();
+    WindowPair::dragTo(90, 204);
+    CHECK(windows.main() == Point{100, 218});
+    WindowPair::dragTo(85, 204);
+    CHECK(windows.main() == Point{85, 218});
+}
+
+TEST_CASE("beyond the playlist's right edge nothing sticks") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.dragMain(600, 204);
+    CHECK(windows.main() == Point{600, 204});
+    CHECK(windows.free());
+}
+
+TEST_CASE("diagonally nothing sticks until the columns overlap") {
+    WindowPair windows({600, 100}, {400, 300});
+    windows.takeMain();
+    WindowPair::dragTo(114, 208);
+    CHECK(windows.main() == Point{114, 208});
+    WindowPair::dragTo(129, 208);
+    CHECK(windows.main() == Point{129, 218});
+}
+
+TEST_CASE("a main window that touches the playlist at a corner docks") {
+    WindowPair windows({600, 100}, {400, 300});
+    windows.dragMain(124, 218);
+    CHECK(windows.main() == Point{124, 218});
+    CHECK(windows.stacked());
+}
+
+TEST_CASE("the main window docks at all four sides") {
+    struct Row {
+        Point wanted;
+        Point taken;
+        bool stacked;
+    };
+    for (const Row& row :
+         {Row{{460, 210}, {460, 218}, true}, Row{{460, 390}, {460, 382}, true},
+          Row{{130, 330}, {124, 330}, false}, Row{{670, 330}, {676, 330}, false}}) {
+        WindowPair windows({100, 600}, {400, 300});
+        windows.dragMain(row.wanted.x, row.wanted.y);
+        CHECK(windows.main() == row.taken);
+        CHECK(windows.stacked() == row.stacked);
+        CHECK(windows.beside() == !row.stacked);
+    }
+}
+
+TEST_CASE("without contact the screen edge's pull on that axis is lost as well") {
+    // The bottom edge pulls to 686, the playlist's top is near too, but far aside.
+    WindowPair windows({300, 300}, {600, 775});
+    windows.takeMain();
+    WindowPair::dragTo(100, 690);
+    CHECK(windows.main() == Point{100, 690});
+    WindowPair::dragTo(10, 690);
+    CHECK(windows.main() == Point{0, 690});
+}
+
+TEST_CASE("a docked playlist keeps its offset through a drag of the main window") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.dragMain(150, 204);
+    windows.takeMain();
+    for (const Point place : {Point{400, 300}, Point{151, 217}, Point{600, 500}, Point{300, 90}}) {
+        WindowPair::dragTo(place.x, place.y);
+        CHECK(windows.main() == place);
+        CHECK(windows.list() == Point{place.x - 50, place.y + 82});
+    }
+    simulated::release();
+    CHECK(windows.stacked());
+}
+
+TEST_CASE("a drag of the main window never undocks") {
+    WindowPair windows({300, 300}, {300, 382});
+    CHECK(windows.stacked());
+    windows.takeMain();
+    for (int y = 300; y < 760; y += 7)
+        WindowPair::dragTo(300, y);
+    simulated::release();
+    CHECK(windows.stacked());
+    CHECK_FALSE(windows.beside());
+}
+
+TEST_CASE("a pair with the main window on top stands on the bottom of the work area") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeMain();
+    WindowPair::dragTo(300, 584);
+    CHECK(windows.list() == Point{300, 666});
+    WindowPair::dragTo(300, 585);
+    CHECK(windows.list() == Point{300, 686});
+    CHECK(windows.main() == Point{300, 604});
+    WindowPair::dragTo(300, 623);
+    CHECK(windows.list() == Point{300, 686});
+    CHECK(windows.main() == Point{300, 604});
+    WindowPair::dragTo(300, 624);
+    CHECK(windows.list() == Point{300, 706});
+    CHECK(windows.main() == Point{300, 624});
+}
+
+TEST_CASE("a pair with the main window on top stops at the top of the screen") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeMain();
+    WindowPair::dragTo(300, 1);
+    CHECK(windows.main() == Point{300, 0});
+    CHECK(windows.list() == Point{300, 82});
+}
+
+TEST_CASE("a pair with the playlist on top stops at the top of the screen") {
+    WindowPair windows({300, 382}, {300, 300});
+    windows.takeMain();
+    WindowPair::dragTo(300, 101);
+    CHECK(windows.list() == Point{300, 0});
+    CHECK(windows.main() == Point{300, 82});
+}
+
+TEST_CASE("a pair with the playlist on top stands on the bottom of the work area") {
+    WindowPair windows({300, 382}, {300, 300});
+    windows.takeMain();
+    WindowPair::dragTo(300, 667);
+    CHECK(windows.list() == Point{300, 604});
+    CHECK(windows.main() == Point{300, 686});
+}
+
+TEST_CASE("a panel at the top catches a pair and lets it through to the screen's edge") {
+    WindowPair windows({300, 300}, {300, 382}, {0, 30, 1024, 768});
+    windows.takeMain();
+    WindowPair::dragTo(300, 31);
+    CHECK(windows.main() == Point{300, 0});
+    CHECK(windows.list() == Point{300, 82});
+}
+
+TEST_CASE("a pair side by side stops at the sides of the screen") {
+    WindowPair windows({300, 300}, {576, 300});
+    CHECK(windows.beside());
+    windows.takeMain();
+    WindowPair::dragTo(1, 300);
+    CHECK(windows.main() == Point{0, 300});
+    CHECK(windows.list() == Point{276, 300});
+    WindowPair::dragTo(455, 300);
+    CHECK(windows.main() == Point{472, 300});
+    CHECK(windows.list() == Point{748, 300});
+    WindowPair::dragTo(400, 15);
+    CHECK(windows.main() == Point{400, 0});
+    CHECK(windows.list() == Point{676, 0});
+}
+
+TEST_CASE("a pair that isn't aligned shears while one of the two is near the edge") {
+    WindowPair windows({300, 300}, {310, 382});
+    windows.takeMain();
+    WindowPair::dragTo(-5, 300);
+    CHECK(windows.main() == Point{0, 300});
+    CHECK(windows.list() == Point{0, 382});
+    WindowPair::dragTo(15, 300);
+    CHECK(windows.main() == Point{0, 300});
+    CHECK(windows.list() == Point{25, 382});
+    WindowPair::dragTo(30, 300);
+    CHECK(windows.list() == Point{40, 382});
+}
+
+TEST_CASE("the playlist moves before the main window does") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeMain();
+    simulated::clearLog();
+    WindowPair::dragTo(350, 350);
+    const std::string list = std::to_string(windows.player.playlistWindow());
+    const std::string main = std::to_string(windows.player.mainWindow());
+    CHECK(simulated::log() ==
+          std::vector<std::string>{"move window " + list, "move window " + main});
+}
+
+TEST_CASE("with both flags set the pair counts as stacked") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.player.frmPlaylist().playlistdockY = runtime::True16;
+    windows.takeMain();
+    WindowPair::dragTo(300, 590);
+    CHECK(windows.main() == Point{300, 604});
+    CHECK(windows.list() == Point{300, 686});
+}
+
+TEST_CASE("a docked playlist stays pinned at 14 pixels and comes free at 15") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeList();
+    WindowPair::dragTo(300, 396);
+    CHECK(windows.list() == Point{300, 382});
+    CHECK(windows.stacked());
+    WindowPair::dragTo(300, 397);
+    CHECK(windows.list() == Point{300, 397});
+    CHECK(windows.free());
+    simulated::release();
+    CHECK(windows.free());
+}
+
+TEST_CASE("a playlist pulled away docks again within the same drag") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeList();
+    WindowPair::dragTo(300, 500);
+    CHECK(windows.free());
+    WindowPair::dragTo(570, 310);
+    CHECK(windows.list() == Point{576, 300});
+    CHECK(windows.beside());
+    CHECK_FALSE(windows.stacked());
+    WindowPair::dragTo(310, 225);
+    CHECK(windows.list() == Point{300, 218});
+    CHECK(windows.stacked());
+    CHECK_FALSE(windows.beside());
+}
+
+TEST_CASE("a playlist slides along the main window and lines up within 14 pixels") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeList();
+    WindowPair::dragTo(360, 382);
+    CHECK(windows.list() == Point{360, 382});
+    CHECK(windows.stacked());
+    WindowPair::dragTo(315, 382);
+    CHECK(windows.list() == Point{315, 382});
+    WindowPair::dragTo(314, 382);
+    CHECK(windows.list() == Point{300, 382});
+    WindowPair::dragTo(576, 390);
+    CHECK(windows.list() == Point{576, 382});
+    CHECK(windows.stacked());
+    WindowPair::dragTo(577, 390);
+    CHECK(windows.list() == Point{577, 390});
+    CHECK(windows.free());
+}
+
+TEST_CASE("dragging the playlist never moves the main window") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeList();
+    for (int step = 0; step < 300; step += 9) {
+        WindowPair::dragTo(300 + step, 382 - step);
+        CHECK(windows.main() == Point{300, 300});
+    }
+}
+
+TEST_CASE("a click on the playlist without a move keeps it docked") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeList();
+    simulated::release();
+    CHECK(windows.stacked());
+}
+
+TEST_CASE("the playlist docks to a main window that is hidden") {
+    WindowPair windows({300, 300}, {600, 600});
+    simulated::click(windows.player.mainWindow(), 251, 8);
+    REQUIRE_FALSE(simulated::window(windows.player.mainWindow()).visible);
+    windows.dragList(310, 390);
+    CHECK(windows.list() == Point{300, 382});
+    CHECK(windows.stacked());
+}
+
+TEST_CASE("a pair stays docked while the main window is away") {
+    WindowPair windows({300, 300}, {300, 382});
+    simulated::click(windows.player.mainWindow(), 251, 8);
+    CHECK(windows.isOpen());
+    CHECK(windows.stacked());
+    world.tray.doubleClick();
+    CHECK(windows.main() == Point{300, 300});
+    windows.dragMain(400, 400);
+    CHECK(windows.list() == Point{400, 482});
+}
+
+TEST_CASE("a main window that comes back stands alone where it stood") {
+    WindowPair windows({300, 300}, {300, 382});
+    simulated::click(windows.player.mainWindow(), 251, 8);
+    windows.dragList(600, 600);
+    world.tray.doubleClick();
+    CHECK(windows.main() == Point{300, 300});
+    CHECK(windows.list() == Point{600, 600});
+    CHECK(windows.free());
+}
+
+TEST_CASE("a stale dock is repeated by a click on the main window") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.dragMain(150, 204);
+    CHECK(windows.stacked());
+    windows.dragList(600, 600);
+    CHECK(windows.free());
+    windows.takeMain();
+    simulated::release();
+    CHECK(windows.stacked());
+    CHECK(windows.list() == Point{600, 600});
+    windows.dragMain(160, 228);
+    CHECK(windows.main() == Point{160, 228});
+    CHECK(windows.list() == Point{610, 610});
+}
+
+TEST_CASE("a stale dock can leave both flags set") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.dragMain(150, 204);
+    windows.dragList(430, 225);
+    CHECK(windows.beside());
+    windows.takeMain();
+    simulated::release();
+    CHECK(windows.beside());
+    CHECK(windows.stacked());
+}
+
+TEST_CASE("the next move of the main window forgets a stale dock") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.dragMain(150, 204);
+    windows.dragList(600, 600);
+    windows.dragMain(170, 250);
+    CHECK(windows.free());
+    windows.takeMain();
+    simulated::release();
+    CHECK(windows.free());
+}
+
+TEST_CASE("the playlist key shows the list and shows that it is open") {
+    WindowPair windows({300, 300}, {600, 600});
+    FrmPlayer& main = windows.player.frmPlayer();
+    CHECK(windows.isOpen());
+    CHECK_FALSE(main.pctplaylist.Visible());
+    CHECK(main.pctplaylistdown.Visible());
+    windows.closeByKey();
+    CHECK_FALSE(windows.isOpen());
+    CHECK(main.pctplaylist.Visible());
+    CHECK_FALSE(main.pctplaylistdown.Visible());
+}
+
+TEST_CASE("the list opens and closes at the press already") {
+    WindowPair windows({300, 300}, {600, 600});
+    windows.closeByKey();
+    simulated::pressAt(windows.player.mainWindow(), 255, 55);
+    CHECK(windows.isOpen());
+    simulated::release();
+    CHECK(windows.isOpen());
+    simulated::pressAt(windows.player.mainWindow(), 255, 55);
+    CHECK_FALSE(windows.isOpen());
+    simulated::release();
+    CHECK_FALSE(windows.isOpen());
+}
+
+TEST_CASE("exact contact decides at each opening") {
+    struct Row {
+        Point list;
+        bool stacked;
+        bool beside;
+    };
+    for (const Row& row :
+         {Row{{300, 382}, true, false}, Row{{900, 382}, true, false}, Row{{300, 218}, true, false},
+          Row{{576, 300}, false, true}, Row{{24, 900}, false, true}, Row{{576, 382}, true, false},
+          Row{{300, 383}, false, false}, Row{{577, 300}, false, false}}) {
+        WindowPair windows({300, 300}, row.list);
+        CHECK(windows.stacked() == row.stacked);
+        CHECK(windows.beside() == row.beside);
+    }
+}
+
+TEST_CASE("opening to a contact sets one flag and leaves the other") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.closeByMinimise();
+    windows.player.frmPlaylist().playlistdockX = runtime::False16;
+    windows.player.frmPlaylist().playlistdockY = runtime::True16;
+    windows.open();
+    CHECK(windows.stacked());
+    CHECK(windows.beside());
+}
+
+TEST_CASE("a twip off is no contact at the opening") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.closeByKey();
+    windows.player.frmPlaylist().window.Top(15 * 382 + 1);
+    windows.open();
+    CHECK(windows.free());
+}
+
+TEST_CASE("the main window's key and the list's own cross undock") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.closeByKey();
+    CHECK(windows.free());
+    windows.open();
+    CHECK(windows.stacked());
+    simulated::pressAt(windows.player.playlistWindow(), 268, 8);
+    CHECK(windows.player.frmPlaylist().pctPlaylistQuitDown.Visible());
+    CHECK(windows.isOpen());
+    CHECK(windows.stacked());
+    simulated::release();
+    CHECK_FALSE(windows.player.frmPlaylist().pctPlaylistQuitDown.Visible());
+    CHECK_FALSE(windows.isOpen());
+    CHECK(windows.free());
+    CHECK(windows.player.frmPlayer().pctplaylist.Visible());
+    CHECK_FALSE(windows.player.frmPlayer().pctplaylistdown.Visible());
+}
+
+TEST_CASE("the list's own minimise key keeps the flags") {
+    WindowPair windows({300, 300}, {300, 382});
+    simulated::pressAt(windows.player.playlistWindow(), 251, 8);
+    CHECK(windows.player.frmPlaylist().pctPlaylistMiniDown.Visible());
+    CHECK(windows.isOpen());
+    simulated::moveToScreen(900, 700);
+    simulated::release();
+    CHECK_FALSE(windows.player.frmPlaylist().pctPlaylistMiniDown.Visible());
+    CHECK_FALSE(windows.isOpen());
+    CHECK(windows.stacked());
+    CHECK(windows.player.frmPlayer().pctplaylist.Visible());
+    CHECK_FALSE(windows.player.frmPlayer().pctplaylistdown.Visible());
+}
+
+TEST_CASE("minimised and reopened with nothing moved, the pair is docked as before") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.closeByMinimise();
+    windows.open();
+    CHECK(windows.stacked());
+    windows.dragMain(310, 310);
+    CHECK(windows.list() == Point{310, 392});
+}
+
+TEST_CASE("minimised, the list stays behind and comes back free where it was") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.closeByMinimise();
+    windows.dragMain(500, 100);
+    CHECK(windows.stacked());
+    CHECK(windows.list() == Point{300, 382});
+    windows.open();
+    CHECK(windows.free());
+    CHECK(windows.list() == Point{300, 382});
+}
+
+TEST_CASE("minimising the main window leaves the list's key as it is") {
+    WindowPair windows({300, 300}, {300, 382});
+    simulated::click(windows.player.mainWindow(), 251, 8);
+    CHECK(windows.isOpen());
+    CHECK_FALSE(windows.player.frmPlayer().pctplaylist.Visible());
+    CHECK(windows.player.frmPlayer().pctplaylistdown.Visible());
+}
+
+TEST_CASE("at the exit the places and the dock are saved, and come back at the next start") {
+    WindowPair windows({300, 300}, {310, 382});
+    simulated::closeByUser(windows.player.mainWindow());
+    const std::string line = world.files.text("C:\\Orvan\\MyPlayerSettings.mps");
+    CHECK(line.find("**4500*4500*") != std::string::npos);
+    CHECK(line.find("*-1*0*4650*5730*") != std::string::npos);
+
+    behaviour::Player next;
+    world.files.addFile("C:\\Orvan\\MyPlayerSettings.mps", line);
+    next.start();
+    CHECK(simulated::window(next.mainWindow()).position == Point{300, 300});
+    CHECK(simulated::window(next.playlistWindow()).position == Point{310, 382});
+    CHECK_FALSE(simulated::window(next.playlistWindow()).visible);
+    CHECK(next.frmPlaylist().playlistdockX == -1);
+    CHECK(next.frmPlaylist().playlistdockY == 0);
+}
+
+TEST_CASE("saved flags rest until the list is opened, when contact decides") {
+    behaviour::Player player;
+    world.files.addFile("C:\\Orvan\\MyPlayerSettings.mps",
+                        "3*0*0**4500*4500*0*0**-1*0*9000*9000*\r\n");
+    player.start();
+    CHECK(player.frmPlaylist().playlistdockX == -1);
+    simulated::click(player.mainWindow(), 255, 55);
+    CHECK(player.frmPlaylist().playlistdockX == 0);
+    CHECK(player.frmPlaylist().playlistdockY == 0);
+}

@@ -1,0 +1,317 @@
+#include "tests/behaviour/window_pair.h"
+
+using behaviour::Player;
+using behaviour::Point;
+using behaviour::WindowPair;
+using simulated::PointerButton;
+using simulated::world;
+
+namespace {
+
+/// A main window alone, the playlist closed.
+struct MainWindow : WindowPair {
+    explicit MainWindow(Point place, platform::Rect workArea = {0, 0, 1024, 768})
+        : WindowPair(place, {5000, 5000}, workArea) {
+        closeByKey();
+    }
+};
+
+/// A bare column of both windows in this row; the corners are round.
+int bareColumn(int row) { return row == 0 || row > 75 ? 30 : 4; }
+
+/// Presses a bare place in this pixel row of the main window and pulls by 50, 50.
+bool rowDrags(MainWindow& window, int row) {
+    const Point before = window.main();
+    simulated::pressAt(window.player.mainWindow(), bareColumn(row), row);
+    simulated::moveToScreen(before.x + bareColumn(row) + 50, before.y + row + 50);
+    simulated::release();
+    const bool dragged = window.main() == Point{before.x + 50, before.y + 50};
+    CHECK((dragged || window.main() == before));
+    return dragged;
+}
+
+} // namespace
+
+TEST_CASE("the rows of the seek bar don't drag the window, all others do") {
+    MainWindow window({300, 300});
+    for (const int row : {0, 33, 41, 81}) {
+        CAPTURE(row);
+        CHECK(rowDrags(window, row));
+    }
+    for (const int row : {34, 35, 39, 40}) {
+        CAPTURE(row);
+        CHECK_FALSE(rowDrags(window, row));
+    }
+}
+
+TEST_CASE("the rows of the seek bar don't drag while something plays either") {
+    MainWindow window({300, 300});
+    window.player.addTracks({"C:\\Music\\a.mp3"});
+    window.player.list().ListIndex(0);
+    window.player.frmPlayer().startfile();
+    CHECK(rowDrags(window, 33));
+    CHECK_FALSE(rowDrags(window, 34));
+    CHECK_FALSE(rowDrags(window, 40));
+    CHECK(rowDrags(window, 41));
+}
+
+TEST_CASE("every button drags") {
+    MainWindow window({300, 300});
+    for (const auto button : {PointerButton::Left, PointerButton::Right, PointerButton::Middle}) {
+        const Point before = window.main();
+        window.takeMain(button);
+        window.dragBy(7, -9);
+        simulated::release(button);
+        CHECK(window.main() == Point{before.x + 7, before.y - 9});
+    }
+}
+
+TEST_CASE("a press on a key or a label drags nothing") {
+    MainWindow window({300, 300});
+    for (const Point place : {Point{130, 20}, Point{85, 52}, Point{20, 20}}) {
+        simulated::pressAt(window.player.mainWindow(), place.x, place.y);
+        simulated::moveToScreen(700, 500);
+        simulated::release();
+        CHECK(window.main() == Point{300, 300});
+    }
+}
+
+TEST_CASE("the window follows the pointer to the pixel and stands where it is let go") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    for (const Point place : {Point{301, 300}, Point{640, 512}, Point{33, 44}, Point{1000, -60}}) {
+        MainWindow::dragTo(place.x, place.y);
+        CHECK(window.main() == place);
+    }
+    simulated::release();
+    CHECK(window.main() == Point{1000, -60});
+    CHECK(window.player.frmPlayer().window.Left() == 15000);
+    CHECK(window.player.frmPlayer().window.Top() == -900);
+}
+
+TEST_CASE("a window dragged to 19 pixels from the edge snaps and at 20 it doesn't") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    struct Row {
+        int x;
+        int taken;
+    };
+    for (const Row& row : {Row{20, 20}, Row{19, 0}, Row{-19, 0}, Row{-20, -20}, Row{728, 728},
+                           Row{729, 748}, Row{767, 748}, Row{768, 768}}) {
+        CAPTURE(row.x);
+        MainWindow::dragTo(row.x, 300);
+        CHECK(window.main() == Point{row.taken, 300});
+    }
+}
+
+TEST_CASE("top and bottom snap like the sides, and a corner takes both") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    struct Row {
+        int y;
+        int taken;
+    };
+    for (const Row& row : {Row{20, 20}, Row{19, 0}, Row{-19, 0}, Row{-20, -20}, Row{666, 666},
+                           Row{667, 686}, Row{705, 686}, Row{706, 706}}) {
+        CAPTURE(row.y);
+        MainWindow::dragTo(300, row.y);
+        CHECK(window.main() == Point{300, row.taken});
+    }
+    MainWindow::dragTo(15, 700);
+    CHECK(window.main() == Point{0, 686});
+}
+
+TEST_CASE("with a panel on the left the window lands under the panel") {
+    MainWindow window({300, 300}, {60, 0, 1024, 768});
+    window.takeMain();
+    MainWindow::dragTo(50, 300);
+    CHECK(window.main() == Point{0, 300});
+    MainWindow::dragTo(5, 300);
+    CHECK(window.main() == Point{5, 300});
+}
+
+TEST_CASE("a snapped window is back under the pointer once the pointer has gone far enough") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    for (int x = 40; x >= -40; --x) {
+        MainWindow::dragTo(x, 300);
+        const bool near = x > -20 && x < 20;
+        CHECK(window.main() == Point{near ? 0 : x, 300});
+    }
+}
+
+TEST_CASE("a work area on a screen to the left pulls at its own right edge") {
+    MainWindow window({-700, -500}, {-1280, -1024, 0, 0});
+    window.takeMain();
+    MainWindow::dragTo(-285, -500);
+    CHECK(window.main() == Point{-276, -500});
+    MainWindow::dragTo(-1290, -500);
+    CHECK(window.main() == Point{0, -500});
+    MainWindow::dragTo(-600, -90);
+    CHECK(window.main() == Point{-600, -82});
+}
+
+TEST_CASE("a work area that changes during the run is not noticed") {
+    MainWindow window({300, 300});
+    world.desktop.workArea = {200, 200, 600, 600};
+    window.takeMain();
+    MainWindow::dragTo(200, 300);
+    CHECK(window.main() == Point{200, 300});
+    MainWindow::dragTo(10, 300);
+    CHECK(window.main() == Point{0, 300});
+}
+
+TEST_CASE("a pointer that crosses the window without a button changes nothing") {
+    MainWindow window({300, 300});
+    window.dragMain(310, 310);
+    const Point asked = window.player.program().dragCursorNow;
+    simulated::moveTo(window.player.mainWindow(), 50, 70);
+    simulated::moveTo(window.player.mainWindow(), 150, 6);
+    CHECK(window.main() == Point{310, 310});
+    CHECK(window.player.program().dragCursorNow == asked);
+}
+
+TEST_CASE("after the release the pointer goes its own way") {
+    MainWindow window({300, 300});
+    window.dragMain(320, 330);
+    simulated::moveToScreen(600, 600);
+    CHECK(window.main() == Point{320, 330});
+}
+
+TEST_CASE("moves that arrive while another one is handled end where the pointer last was") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    simulated::post([] { MainWindow::dragTo(400, 400); });
+    simulated::post([] { MainWindow::dragTo(450, 470); });
+    MainWindow::dragTo(350, 350);
+    CHECK(window.main() == Point{450, 470});
+    MainWindow::dragTo(500, 500);
+    CHECK(window.main() == Point{500, 500});
+}
+
+TEST_CASE("a pointer that never rests drags to where it ends") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    constexpr int moves = 20'000;
+    for (int n = 1; n <= moves; ++n)
+        simulated::post([n] { MainWindow::dragTo(40 + n % 600, 40 + n % 400); });
+    MainWindow::dragTo(350, 350);
+    CHECK(window.main() == Point{40 + moves % 600, 40 + moves % 400});
+    simulated::release();
+    CHECK(window.player.frmPlayer().mouseHeld == 0);
+}
+
+TEST_CASE("a release that arrives while a move is handled ends the drag") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    simulated::post([] { simulated::release(); });
+    MainWindow::dragTo(350, 350);
+    CHECK(window.main() == Point{350, 350});
+    simulated::moveToScreen(600, 600);
+    CHECK(window.main() == Point{350, 350});
+}
+
+TEST_CASE("the clock goes on during a drag") {
+    MainWindow window({300, 300});
+    window.player.addTracks({"C:\\Music\\a.mp3"});
+    window.player.list().ListIndex(0);
+    window.player.frmPlayer().startfile();
+    window.takeMain();
+    simulated::advance(966);
+    CHECK(window.player.frmPlaylist().lblPlaying.Caption() == "Playing");
+    MainWindow::dragTo(350, 350);
+    CHECK(window.main() == Point{350, 350});
+}
+
+TEST_CASE("a second button pressed during a drag takes the window anew and its release ends it") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    MainWindow::dragTo(400, 400);
+    simulated::pressAt(window.player.mainWindow(), WindowPair::gripX, WindowPair::gripY,
+                       PointerButton::Right);
+    MainWindow::dragTo(420, 410);
+    CHECK(window.main() == Point{420, 410});
+    simulated::release(PointerButton::Left);
+    MainWindow::dragTo(500, 500);
+    CHECK(window.main() == Point{420, 410});
+    simulated::release(PointerButton::Right);
+}
+
+TEST_CASE("a window saved between two pixels drags from the nearest one") {
+    MainWindow window({300, 300});
+    window.player.frmPlayer().window.Left(4507);
+    window.player.frmPlayer().window.Top(4508);
+    window.takeMain();
+    MainWindow::dragTo(310, 311);
+    CHECK(window.main() == Point{310, 311});
+}
+
+TEST_CASE("a drag keeps the window's size") {
+    MainWindow window({300, 300});
+    window.dragMain(10, 690);
+    CHECK(simulated::window(window.player.mainWindow()).size == platform::Size{276, 82});
+}
+
+TEST_CASE("a closed playlist stays where it is, whatever its flags say, and pulls nothing") {
+    MainWindow window({300, 300});
+    window.player.frmPlaylist().window.Left(15 * 300);
+    window.player.frmPlaylist().window.Top(15 * 500);
+    window.player.frmPlaylist().playlistdockX = runtime::True16;
+    window.takeMain();
+    MainWindow::dragTo(310, 410);
+    CHECK(window.main() == Point{310, 410});
+    CHECK(window.list() == Point{300, 500});
+    simulated::release();
+    window.player.frmPlaylist().playlistdockX = runtime::False16;
+    window.dragMain(310, 411);
+    CHECK(window.free());
+}
+
+TEST_CASE("the playlist's own drag snaps like the main window's") {
+    WindowPair windows({600, 400}, {300, 100});
+    windows.takeList();
+    struct Row {
+        Point wanted;
+        Point taken;
+    };
+    for (const Row& row :
+         {Row{{20, 100}, {20, 100}}, Row{{19, 100}, {0, 100}}, Row{{-19, 100}, {0, 100}},
+          Row{{-20, 100}, {-20, 100}}, Row{{729, 100}, {748, 100}}, Row{{728, 100}, {728, 100}},
+          Row{{300, 19}, {300, 0}}, Row{{300, 20}, {300, 20}}, Row{{200, 667}, {200, 686}},
+          Row{{200, 666}, {200, 666}}}) {
+        WindowPair::dragTo(row.wanted.x, row.wanted.y);
+        CHECK(windows.list() == row.taken);
+    }
+}
+
+TEST_CASE("the playlist drags by any bare row and with any button") {
+    WindowPair windows({600, 600}, {300, 100});
+    int x = 300;
+    for (const int row : {0, 20, 34, 40, 68, 81}) {
+        for (const auto button : {PointerButton::Left, PointerButton::Right}) {
+            CAPTURE(row);
+            simulated::pressAt(windows.player.playlistWindow(), bareColumn(row), row, button);
+            simulated::moveToScreen(x + 3 + bareColumn(row), 100 + row);
+            simulated::release(button);
+            x += 3;
+            CHECK(windows.list() == Point{x, 100});
+        }
+    }
+}
+
+TEST_CASE("a pointer that crosses the playlist without a button changes nothing") {
+    WindowPair windows({600, 600}, {300, 100});
+    windows.player.frmPlaylist().playlistdockX = runtime::True16;
+    simulated::moveTo(windows.player.playlistWindow(), 100, 6);
+    simulated::moveTo(windows.player.playlistWindow(), 120, 6);
+    CHECK(windows.list() == Point{300, 100});
+    CHECK(windows.stacked());
+}
+
+TEST_CASE("dragging one window doesn't take up the other one's press") {
+    WindowPair windows({600, 600}, {300, 100});
+    windows.dragList(310, 120);
+    windows.dragMain(500, 500);
+    CHECK(windows.list() == Point{310, 120});
+    CHECK(windows.main() == Point{500, 500});
+}

@@ -1,0 +1,273 @@
+#include "tests/behaviour/ticks.h"
+
+using namespace behaviour;
+using runtime::Fixed;
+using simulated::world;
+
+namespace {
+
+using Commands = std::vector<std::string>;
+
+/// Sets the alarm for now: it stays due for some seconds.
+void armAlarmForNow(Player& player) {
+    simulated::setTimeOfDay(7, 30, 0);
+    player.frmPlayer().alarmTime = Fixed(7.5 / 24);
+}
+
+bool alarmIsArmed(Player& player) { return player.frmPlayer().alarmTime >= 0; }
+
+} // namespace
+
+TEST_CASE("pausing before the first tick of a run counts as the end of the track") {
+    Player player;
+    playOne(player, 200'000);
+    pauseByKey(player);
+    REQUIRE(player.status() == "Paused");
+    simulated::advance(tick);
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 3460);
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(world.media.open());
+    CHECK(player.frmPlayer().trackPositionSeconds == 1);
+}
+
+TEST_CASE("pausing before the first tick with tracks to come starts the next one") {
+    Player player;
+    player.play({A, B});
+    pauseByKey(player);
+    simulated::advance(tick);
+    CHECK(world.media.openPath() == B);
+    CHECK(player.status() == "Playing");
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("at the end of the last entry without repeat play stops, shuffle or not") {
+    for (const int shuffle : {0, -1}) {
+        CAPTURE(shuffle);
+        Player player;
+        playShortTracks(player, 2);
+        player.frmPlayer().shuffleOn = shuffle;
+        simulated::advance(2 * tick);
+        world.media.forgetCommands();
+        simulated::advance(tick);
+        const Commands sent = commandsSent();
+        REQUIRE(sent.size() == 8);
+        CHECK(sent[6] == "Stop mpeg");
+        CHECK(sent[7] == "Close mpeg");
+        CHECK(player.status() == "Idle");
+        CHECK(player.list().ListIndex() == 2);
+        CHECK_FALSE(player.frmPlayer().lblTimenow.Visible());
+        CHECK_FALSE(player.frmPlayer().pctprogressbar.Visible());
+        CHECK(player.frmPlayer().pctprogressbar.Left() == 3460);
+        CHECK(player.frmPlayer().pctprogressbardown.Left() == 3460);
+        CHECK(statusText(player).empty());
+        CHECK(counter(player).empty());
+        CHECK(player.frmPlayer().trackLengthSeconds == 2);
+        CHECK(player.frmPlayer().trackPositionSeconds == 3);
+    }
+}
+
+TEST_CASE(
+    "after a natural stop the next tick shows idle, the counter stays empty, no end follows") {
+    Player player;
+    playShortTracks(player, 2);
+    simulated::advance(3 * tick);
+    REQUIRE(player.status() == "Idle");
+    world.media.forgetCommands();
+    simulated::advance(20 * tick);
+    CHECK(statusText(player) == "Idle");
+    CHECK(counter(player).empty());
+    CHECK(commandsSent().empty());
+    CHECK(player.frmPlayer().Timer1.Enabled());
+}
+
+TEST_CASE("at the end of the last of several with repeat the first starts, shuffle or not") {
+    for (const int shuffle : {0, -1}) {
+        CAPTURE(shuffle);
+        Player player;
+        playShortTracks(player, 2);
+        player.frmPlayer().repeatOn = runtime::True16;
+        player.frmPlayer().shuffleOn = shuffle;
+        simulated::advance(3 * tick);
+        CHECK(player.list().ListIndex() == 0);
+        CHECK(world.media.openPath() == A);
+        CHECK(player.status() == "Playing");
+        CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+        CHECK(player.frmPlayer().seekOffset == 0);
+    }
+}
+
+TEST_CASE("at the end of the only entry with repeat the track restarts, shuffle or not") {
+    for (const int shuffle : {0, -1}) {
+        CAPTURE(shuffle);
+        Player player;
+        playOne(player, 2000);
+        player.frmPlayer().repeatOn = runtime::True16;
+        player.frmPlayer().shuffleOn = shuffle;
+        simulated::advance(3 * tick);
+        CHECK(world.media.openPath() == A);
+        CHECK(world.media.position() == 1);
+        CHECK(player.status() == "Playing");
+    }
+}
+
+TEST_CASE("at the end of the only entry without repeat play stops, though next would restart it") {
+    Player player;
+    playOne(player, 2000);
+    simulated::advance(3 * tick);
+    CHECK(player.status() == "Idle");
+}
+
+TEST_CASE("at the end of another entry without shuffle the next one starts, repeat or not") {
+    for (const int repeat : {0, -1}) {
+        CAPTURE(repeat);
+        Player player;
+        playShortTracks(player, 0);
+        player.frmPlayer().repeatOn = repeat;
+        simulated::advance(3 * tick);
+        CHECK(player.list().ListIndex() == 1);
+        CHECK(world.media.openPath() == B);
+        CHECK(player.status() == "Playing");
+    }
+}
+
+TEST_CASE("at the end of another entry with shuffle a drawn one starts, repeat or not") {
+    for (const int repeat : {0, -1}) {
+        CAPTURE(repeat);
+        bool drawn[3] = {};
+        Player player;
+        playShortTracks(player, 0);
+        player.frmPlayer().repeatOn = repeat;
+        player.frmPlayer().shuffleOn = runtime::True16;
+        for (int i = 0; i < 30; ++i) {
+            player.list().ListIndex(0);
+            player.frmPlayer().startfile();
+            simulated::advance(4 * tick);
+            REQUIRE(player.status() == "Playing");
+            drawn[player.list().ListIndex().value()] = true;
+        }
+        CHECK(drawn[0]);
+        CHECK(drawn[1]);
+        CHECK(drawn[2]);
+    }
+}
+
+TEST_CASE("at the end of a track without selection the first entry starts") {
+    for (const int repeat : {0, -1}) {
+        CAPTURE(repeat);
+        Player player;
+        playShortTracks(player, 1);
+        player.list().ListIndex(-1);
+        player.frmPlayer().repeatOn = repeat;
+        simulated::advance(3 * tick);
+        CHECK(player.list().ListIndex() == 0);
+        CHECK(world.media.openPath() == A);
+    }
+}
+
+TEST_CASE("at the end of a track the selection counts, not the track that sounded") {
+    Player player;
+    playShortTracks(player, 0);
+    player.list().ListIndex(1);
+    simulated::advance(3 * tick);
+    CHECK(player.list().ListIndex() == 2);
+    CHECK(world.media.openPath() == C);
+}
+
+TEST_CASE("a track that ends over an emptied list stops without repeat") {
+    Player player;
+    playShortTracks(player, 0);
+    player.list().Clear();
+    player.frmPlayer().trackCount = 0;
+    simulated::advance(3 * tick);
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(world.media.open());
+}
+
+TEST_CASE("a track that ends over an emptied list with repeat ends anew at each tick") {
+    Player player;
+    playShortTracks(player, 0);
+    player.frmPlayer().repeatOn = runtime::True16;
+    player.list().Clear();
+    player.frmPlayer().trackCount = 0;
+    simulated::advance(2 * tick);
+    for (int i = 0; i < 3; ++i) {
+        player.frmPlayer().pctprogressbar.Left(1000);
+        simulated::advance(tick);
+        CHECK(player.frmPlayer().pctprogressbar.Left() == 3460);
+        CHECK(player.status() == "Playing");
+        CHECK(world.media.open());
+    }
+}
+
+TEST_CASE("a position one thousandth short of the length is no end") {
+    Player player;
+    playOne(player, 2000);
+    tickAt(1999);
+    tickAt(1999);
+    CHECK(player.status() == "Playing");
+    tickAt(2000);
+    CHECK(player.status() == "Idle");
+}
+
+TEST_CASE("a whole list plays through, one entry after the other, and stops") {
+    Player player;
+    playShortTracks(player, 0);
+    std::vector<std::string> opened;
+    for (int i = 0; i < 20; ++i) {
+        if (world.media.open() && (opened.empty() || opened.back() != world.media.openPath()))
+            opened.push_back(world.media.openPath());
+        simulated::advance(tick);
+    }
+    CHECK(opened == std::vector<std::string>{A, B, C});
+    CHECK(player.status() == "Idle");
+}
+
+TEST_CASE("the alarm is tested while idle and while paused") {
+    Player idle;
+    idle.start();
+    idle.addTracks({A});
+    idle.list().ListIndex(0);
+    idle.frmPlayer().Timer1.Enabled(true);
+    simulated::advance(10 * tick);
+    armAlarmForNow(idle);
+    simulated::advance(tick);
+    CHECK(idle.status() == "Playing");
+    CHECK_FALSE(alarmIsArmed(idle));
+
+    Player paused;
+    playOne(paused, 200'000);
+    simulated::advance(tick);
+    pauseByKey(paused);
+    armAlarmForNow(paused);
+    simulated::advance(tick);
+    CHECK(paused.status() == "Playing");
+    CHECK_FALSE(alarmIsArmed(paused));
+}
+
+TEST_CASE("the alarm waits out the tick that stops the last track") {
+    Player player;
+    playShortTracks(player, 2);
+    simulated::advance(2 * tick);
+    armAlarmForNow(player);
+    simulated::advance(tick);
+    CHECK(player.status() == "Idle");
+    CHECK(alarmIsArmed(player));
+    simulated::advance(tick);
+    CHECK(player.status() == "Playing");
+    CHECK_FALSE(alarmIsArmed(player));
+}
+
+TEST_CASE("the alarm goes off in the tick that moves on to the next track, behind it") {
+    Player player;
+    playShortTracks(player, 0);
+    simulated::advance(2 * tick);
+    armAlarmForNow(player);
+    world.media.forgetCommands();
+    simulated::advance(tick);
+    CHECK_FALSE(alarmIsArmed(player));
+    int opens = 0;
+    for (const std::string& command : commandsSent())
+        opens += command.starts_with("open ") ? 1 : 0;
+    CHECK(opens == 2);
+    CHECK(world.media.openPath() == B);
+}

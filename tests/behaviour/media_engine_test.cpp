@@ -1,0 +1,302 @@
+#include "tests/behaviour/player.h"
+
+#include "platform/system.h"
+
+using behaviour::commandsSent;
+using behaviour::Player;
+using simulated::world;
+
+namespace {
+
+using Commands = std::vector<std::string>;
+
+const std::string track = "C:\\Music\\a.mp3";
+
+/// The engine of a started player, with one file of 200 seconds that it may open.
+struct EngineAlone {
+    EngineAlone() {
+        player.start();
+        world.media.addFile(track, 200'000);
+        engine().FileName(77, track);
+    }
+    Mpeg& engine() { return player.engine(); }
+    Player player;
+};
+
+std::string shortPathOf(const std::string& path) {
+    char buffer[256] = {};
+    const std::uint32_t length = platform::GetShortPathNameA(path.c_str(), buffer, sizeof buffer);
+    return {buffer, length};
+}
+
+} // namespace
+
+TEST_CASE("the engine is idle when it is made") {
+    Player player;
+    player.start();
+    CHECK(player.status() == "Idle");
+}
+
+TEST_CASE("opening a file names it by its short path, the window and the child style") {
+    Player player;
+    player.start();
+    world.media.addFile("C:\\My Music\\a long name.mp3", 1000);
+    player.engine().FileName(4711, "C:\\My Music\\a long name.mp3");
+    const std::string command = world.media.commands().back();
+    const std::string expected = "open " + shortPathOf("C:\\My Music\\a long name.mp3") +
+                                 " type MpegVideo Alias mpeg parent 4711 Style 1073741824";
+    CHECK(command == expected + std::string(255 - expected.size(), ' '));
+    CHECK(player.status() == "Idle");
+}
+
+TEST_CASE("a path that can't be shortened is opened with two blanks and fails in silence") {
+    Player player;
+    player.start();
+    player.engine().FileName(1, "C:\\gone.mp3");
+    CHECK(commandsSent() == Commands{"open  type MpegVideo Alias mpeg parent 1 Style 1073741824"});
+    CHECK(player.status() == "Idle");
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("playing asks for the length and plays from 1 to it") {
+    EngineAlone alone;
+    world.media.forgetCommands();
+    alone.engine().PlayM();
+    const Commands raw = world.media.commands();
+    CHECK(commandsSent() == Commands{"set mpeg time format frames", "status mpeg length",
+                                     "play mpeg from 1 to 200000"});
+    CHECK(raw[0] == "set mpeg time format frames");
+    CHECK(raw[1] == "status mpeg length");
+    CHECK(raw[2].size() == 255);
+    CHECK(alone.engine().Status() == "Playing");
+}
+
+TEST_CASE("playing with nothing open asks to play up to -1 and stays idle") {
+    Player player;
+    player.start();
+    player.engine().PlayM();
+    CHECK(commandsSent() ==
+          Commands{"set mpeg time format frames", "status mpeg length", "play mpeg from 1 to -1"});
+    CHECK(player.status() == "Idle");
+}
+
+TEST_CASE("pausing, resuming, stopping and closing send their words as they stand") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    world.media.forgetCommands();
+    alone.engine().PauseM();
+    CHECK(alone.engine().Status() == "Paused");
+    alone.engine().RetourDeLaPause();
+    CHECK(alone.engine().Status() == "Paused");
+    alone.engine().StopM();
+    CHECK(alone.engine().Status() == "Idle");
+    CHECK(world.media.commands() ==
+          Commands{"Pause mpeg", "Resume mpeg", "Stop mpeg", "Close mpeg"});
+}
+
+TEST_CASE("playing after a pause resumes and sends no play command") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    alone.engine().PauseM();
+    world.media.forgetCommands();
+    alone.engine().PlayM();
+    CHECK(commandsSent() == Commands{"Resume mpeg"});
+    CHECK(alone.engine().Status() == "Playing");
+}
+
+TEST_CASE("playing after a pause counts as playing even if the resume failed") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    alone.engine().PauseM();
+    world.media.fail("Resume");
+    alone.engine().PlayM();
+    CHECK(alone.engine().Status() == "Playing");
+}
+
+TEST_CASE("stopping while paused closes the device and leaves the engine idle") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    alone.engine().PauseM();
+    alone.engine().StopM();
+    CHECK(alone.engine().Status() == "Idle");
+    CHECK_FALSE(world.media.open());
+}
+
+TEST_CASE("a stop that fails sends no close and leaves the status as it was") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    world.media.forgetCommands();
+    world.media.fail("Stop");
+    alone.engine().StopM();
+    CHECK(commandsSent() == Commands{"Stop mpeg"});
+    CHECK(alone.engine().Status() == "Playing");
+}
+
+TEST_CASE("a command that fails leaves the status as it was, and nothing is shown") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    SUBCASE("pause") {
+        world.media.fail("Pause");
+        alone.engine().PauseM();
+    }
+    SUBCASE("close") {
+        world.media.fail("Close");
+        alone.engine().FermerMp3();
+    }
+    SUBCASE("open") {
+        world.media.fail("open");
+        alone.engine().FileName(1, track);
+    }
+    CHECK(alone.engine().Status() == "Playing");
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("a play that fails leaves the engine idle") {
+    EngineAlone alone;
+    world.media.fail("play");
+    alone.engine().PlayM();
+    CHECK(alone.engine().Status() == "Idle");
+}
+
+TEST_CASE("seeking sends the position, then plays") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    world.media.forgetCommands();
+    alone.engine().MoveMPEG(56517);
+    CHECK(world.media.commands() == Commands{"seek mpeg to 56517", "Play mpeg"});
+}
+
+TEST_CASE("a refused seek plays on all the same") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    world.media.forgetCommands();
+    alone.engine().MoveMPEG(-20);
+    CHECK(commandsSent() == Commands{"seek mpeg to -20", "Play mpeg"});
+    CHECK(world.media.playing());
+}
+
+TEST_CASE("a seek while paused starts the sound and the status still reads paused") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    alone.engine().PauseM();
+    alone.engine().MoveMPEG(5000);
+    CHECK(world.media.playing());
+    CHECK(alone.engine().Status() == "Paused");
+}
+
+TEST_CASE("length and position of a closed device are -1") {
+    Player player;
+    player.start();
+    CHECK(player.engine().Duration() == -1);
+    CHECK(player.engine().CurrentPosition() == -1);
+}
+
+TEST_CASE("a length is asked for even if the time format was refused") {
+    EngineAlone alone;
+    world.media.fail("set mpeg time format");
+    CHECK(alone.engine().Duration() == 200000);
+}
+
+TEST_CASE("a reply is read from its start up to the first character that is no number") {
+    EngineAlone alone;
+    const std::pair<const char*, int> replies[] = {
+        {"1234", 1234}, {"1234 frames", 1234}, {"  77", 77}, {"12.5", 12}, {"13.5", 14}, {"-3", -3},
+        {"", 0},        {"none", 0},           {"1e3", 1000}};
+    for (const auto& [reply, value] : replies) {
+        CAPTURE(reply);
+        world.media.answer("status mpeg position", reply);
+        CHECK(alone.engine().CurrentPosition() == value);
+    }
+}
+
+TEST_CASE("the position is asked for without a word about the format") {
+    EngineAlone alone;
+    world.media.forgetCommands();
+    alone.engine().CurrentPosition();
+    CHECK(commandsSent() == Commands{"status mpeg position"});
+}
+
+TEST_CASE("without a wave device a message says so and the player carries on") {
+    Player player;
+    world.sound.devices.clear();
+    player.start();
+    REQUIRE(world.messages.shown.size() == 1);
+    CHECK(world.messages.shown[0].text ==
+          "Unable to detect a wave output device.\n\nTerminating...");
+    CHECK(world.messages.shown[0].title == "Blah - Error");
+    CHECK(world.messages.shown[0].icon == platform::MessageIcon::Critical);
+    CHECK(simulated::window(player.mainWindow()).visible);
+    CHECK(player.frmPlayer().pctvolume.Left() == 3000);
+}
+
+TEST_CASE("the first wave device that answers is used") {
+    Player player;
+    world.sound.devices = {{0x11111111U, 5}, {0x80008000U, 0}, {0U, 0}};
+    player.start();
+    CHECK(player.program().waveDeviceId == 1);
+    CHECK(player.program().waveVolumeWord == 0x80008000U);
+    CHECK(world.sound.calls == std::vector<std::string>{"get 0", "get 1"});
+    CHECK(player.frmPlayer().pctvolume.Left() == doctest::Approx(2700.009));
+}
+
+TEST_CASE("if no wave device answers, the volume word keeps what it held") {
+    Player player;
+    world.sound.devices = {{0x11111111U, 5}, {0x22222222U, 5}};
+    player.start();
+    CHECK(player.program().waveDeviceId == 0);
+    CHECK(player.program().waveVolumeWord == 0);
+    CHECK(player.frmPlayer().pctvolume.Left() == 2400);
+}
+
+TEST_CASE("the volume thumb stands where the device's volume puts it") {
+    const std::pair<std::uint32_t, double> places[] = {
+        {0U, 2400}, {0x80008000U, 2700.009}, {0xFFFEFFFFU, 3000}, {0xFFFF0000U, 3000}};
+    for (const auto& [word, left] : places) {
+        CAPTURE(word);
+        Player player;
+        world.sound.devices = {{word, 0}};
+        player.start();
+        CHECK(player.frmPlayer().pctvolume.Left() == doctest::Approx(left).epsilon(1e-6));
+    }
+}
+
+TEST_CASE("a volume word that silences the left channel is taken for nearly full") {
+    Player player;
+    world.sound.devices = {{0xFFFF0000U, 0}};
+    player.start();
+    CHECK(player.program().waveVolumeWord == 0xFFFEFFFFU);
+}
+
+TEST_CASE("more than 32767 wave devices are an overflow") {
+    Player player;
+    world.sound.countForced = 32768;
+    const auto message = behaviour::fatalMessageOf([&] { player.program().Main(); });
+    REQUIRE(message);
+    CHECK(message->find("6: Overflow") != std::string::npos);
+}
+
+TEST_CASE("a volume level is sent to both channels as one word") {
+    const std::pair<double, std::uint32_t> levels[] = {{0, 0x00000000U},
+                                                       {16200, 0x7E907E90U},
+                                                       {16384, 0x80008002U},
+                                                       {32400, 0xFD20FD22U},
+                                                       {32767, 0xFFFEFFFFU}};
+    for (const auto& [level, word] : levels) {
+        CAPTURE(level);
+        Player player;
+        player.start();
+        player.engine().AdjustVolume(level);
+        CHECK(player.program().waveVolumeWord == word);
+        CHECK(world.sound.devices[0].volume == word);
+    }
+}
+
+TEST_CASE("the volume goes to the device in use and a refusal is ignored") {
+    Player player;
+    world.sound.devices = {{0U, 5}, {0U, 0}};
+    player.start();
+    world.sound.devices[1].result = 11;
+    player.engine().AdjustVolume(16200);
+    CHECK(world.sound.calls.back() == "set 1 7E907E90");
+    CHECK(world.messages.shown.empty());
+}

@@ -1,0 +1,487 @@
+#include "tests/behaviour/player.h"
+
+using behaviour::commandsSent;
+using behaviour::Player;
+using simulated::world;
+
+namespace {
+
+using Commands = std::vector<std::string>;
+using toolkit::LightBlue;
+using toolkit::Yellow;
+
+constexpr const char* A = "C:\\Music\\a.mp3";
+constexpr const char* B = "C:\\Music\\b.mp3";
+constexpr const char* C = "C:\\Music\\c.mp3";
+const Commands stopAndClose = {"Stop mpeg", "Close mpeg"};
+
+/// A player that plays the entry with this index of a, b and c.
+struct ThreeTracks {
+    explicit ThreeTracks(int index) {
+        player.play({A, B, C});
+        if (index != 0) {
+            player.list().ListIndex(index);
+            player.frmPlayer().startfile();
+        }
+        world.media.forgetCommands();
+    }
+    FrmPlayer& form() { return player.frmPlayer(); }
+    int index() { return player.list().ListIndex().value(); }
+    Player player;
+};
+
+/// Presses and releases a key of the main window.
+void clickMain(Player& player, int x, int y) { simulated::click(player.mainWindow(), x, y); }
+
+void clickNext(Player& player) { clickMain(player, 40, 55); }
+void clickPrevious(Player& player) { clickMain(player, 15, 55); }
+void clickStop(Player& player) { clickMain(player, 65, 55); }
+void clickPause(Player& player) { clickMain(player, 145, 55); }
+void clickRepeat(Player& player) { clickMain(player, 230, 28); }
+void clickShuffle(Player& player) { clickMain(player, 230, 20); }
+
+void clickPlaylistStop(Player& player) {
+    player.frmPlaylist().window.Show();
+    simulated::click(player.playlistWindow(), 65, 75);
+}
+
+/// Pauses as the playlist's own key does: both windows show it.
+void pauseInBothWindows(Player& player) {
+    clickPause(player);
+    REQUIRE(player.status() == "Paused");
+    player.frmPlaylist().pctPlsPause.Visible(false);
+    player.frmPlaylist().pctPlsPauseDown.Visible(true);
+    world.media.forgetCommands();
+}
+
+bool pauseKeysAreUp(Player& player) {
+    return !player.frmPlayer().pctpausedown.Visible() &&
+           player.frmPlaylist().pctPlsPause.Visible() &&
+           !player.frmPlaylist().pctPlsPauseDown.Visible();
+}
+
+bool pauseKeysAreDown(Player& player) {
+    return player.frmPlayer().pctpausedown.Visible() &&
+           !player.frmPlaylist().pctPlsPause.Visible() &&
+           player.frmPlaylist().pctPlsPauseDown.Visible();
+}
+
+/// Where the selection stands after each of so many presses of next, from the first entry anew
+/// whenever it has come to the last.
+std::vector<int> walkOf(Player& player, int presses) {
+    std::vector<int> walk;
+    const int last = player.list().ListCount().value() - 1;
+    for (int i = 0; i < presses; ++i) {
+        if (player.list().ListIndex() == last) player.list().ListIndex(0);
+        clickNext(player);
+        walk.push_back(player.list().ListIndex().value());
+    }
+    return walk;
+}
+
+void startWithTwelveTracks(Player& player) {
+    player.play({"C:\\0.mp3", "C:\\1.mp3", "C:\\2.mp3", "C:\\3.mp3", "C:\\4.mp3", "C:\\5.mp3",
+                 "C:\\6.mp3", "C:\\7.mp3", "C:\\8.mp3", "C:\\9.mp3", "C:\\10.mp3", "C:\\11.mp3"});
+}
+
+} // namespace
+
+TEST_CASE("next starts the following entry from its beginning") {
+    ThreeTracks three(0);
+    clickNext(three.player);
+    CHECK(three.index() == 1);
+    CHECK(world.media.openPath() == B);
+    CHECK(three.player.status() == "Playing");
+    CHECK(world.media.position() == 1);
+}
+
+TEST_CASE("next on an empty list does nothing") {
+    Player player;
+    player.start();
+    clickNext(player);
+    CHECK(commandsSent().empty());
+    CHECK(world.dialogs.opened.empty());
+    CHECK_FALSE(player.frmPlayer().Timer1.Enabled());
+}
+
+TEST_CASE("next on an empty list still stops what is paused") {
+    ThreeTracks three(0);
+    pauseInBothWindows(three.player);
+    three.player.list().Clear();
+    three.form().trackCount = 0;
+    clickNext(three.player);
+    CHECK(commandsSent() == stopAndClose);
+    CHECK(three.player.status() == "Idle");
+    CHECK(pauseKeysAreUp(three.player));
+}
+
+TEST_CASE("next restarts a single track whatever the switches say") {
+    for (const int repeat : {0, -1})
+        for (const int shuffle : {0, -1}) {
+            CAPTURE(repeat);
+            CAPTURE(shuffle);
+            Player player;
+            player.play({A});
+            player.frmPlayer().repeatOn = repeat;
+            player.frmPlayer().shuffleOn = shuffle;
+            simulated::advance(5000);
+            clickNext(player);
+            CHECK(player.list().ListIndex() == 0);
+            CHECK(player.status() == "Playing");
+            CHECK(world.media.position() == 1);
+        }
+}
+
+TEST_CASE("next with a single track that is not selected stays quiet") {
+    Player player;
+    player.start();
+    player.addTracks({A});
+    clickNext(player);
+    CHECK(player.list().ListIndex() == -1);
+    CHECK(player.status() == "Idle");
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("next on the last entry without repeat leaves the playing track alone") {
+    for (const int shuffle : {0, -1}) {
+        CAPTURE(shuffle);
+        ThreeTracks three(2);
+        three.form().shuffleOn = shuffle;
+        clickNext(three.player);
+        CHECK(commandsSent().empty());
+        CHECK(three.index() == 2);
+        CHECK(world.media.playing());
+    }
+}
+
+TEST_CASE("next on the last entry without repeat stops a paused track and starts nothing") {
+    ThreeTracks three(2);
+    pauseInBothWindows(three.player);
+    clickNext(three.player);
+    CHECK(commandsSent() == stopAndClose);
+    CHECK(three.player.status() == "Idle");
+    CHECK(three.index() == 2);
+    CHECK(pauseKeysAreUp(three.player));
+}
+
+TEST_CASE("next on the last entry with repeat starts the first, shuffle or not") {
+    for (const int shuffle : {0, -1}) {
+        CAPTURE(shuffle);
+        ThreeTracks three(2);
+        three.form().repeatOn = runtime::True16;
+        three.form().shuffleOn = shuffle;
+        clickNext(three.player);
+        CHECK(three.index() == 0);
+        CHECK(world.media.openPath() == A);
+    }
+}
+
+TEST_CASE("next with entries and none selected starts the first") {
+    Player player;
+    player.start();
+    player.addTracks({A, B});
+    clickNext(player);
+    CHECK(player.list().ListIndex() == 0);
+    CHECK(world.media.openPath() == A);
+}
+
+TEST_CASE("next stops and closes a paused track and starts the following one") {
+    ThreeTracks three(0);
+    pauseInBothWindows(three.player);
+    clickNext(three.player);
+    const Commands sent = commandsSent();
+    REQUIRE(sent.size() == 6);
+    CHECK(sent[0] == "Stop mpeg");
+    CHECK(sent[1] == "Close mpeg");
+    CHECK(sent[2].starts_with("open "));
+    CHECK(sent[5] == "play mpeg from 1 to 200000");
+    CHECK(world.media.openPath() == B);
+    CHECK(pauseKeysAreUp(three.player));
+}
+
+TEST_CASE("next while paused and the stop fails resumes the old track under the new selection") {
+    ThreeTracks three(0);
+    pauseInBothWindows(three.player);
+    world.media.fail("stop");
+    clickNext(three.player);
+    CHECK(commandsSent() == Commands{"Stop mpeg", "Resume mpeg"});
+    CHECK(three.index() == 1);
+    CHECK(world.media.openPath() == A);
+}
+
+TEST_CASE("shuffle picks from all tracks, the present one and the last included") {
+    Player player;
+    player.play({A, B});
+    player.frmPlayer().shuffleOn = runtime::True16;
+    int picks[2] = {};
+    for (const int index : walkOf(player, 200))
+        ++picks[index];
+    // 100 each are expected; 60 lies more than five deviations off.
+    CHECK(picks[0] > 60);
+    CHECK(picks[1] > 60);
+    CHECK(player.status() == "Playing");
+}
+
+TEST_CASE("shuffle reaches every track of a long list") {
+    Player player;
+    startWithTwelveTracks(player);
+    player.frmPlayer().shuffleOn = runtime::True16;
+    std::vector<int> picks(12);
+    for (const int index : walkOf(player, 600))
+        ++picks[static_cast<std::size_t>(index)];
+    for (const int count : picks)
+        CHECK(count > 15);
+}
+
+TEST_CASE("shuffle draws over the tracks counted, not over the rows shown") {
+    ThreeTracks three(0);
+    three.form().shuffleOn = runtime::True16;
+    three.form().trackCount = 1;
+    for (int i = 0; i < 20; ++i) {
+        clickNext(three.player);
+        CHECK(three.index() == 0);
+    }
+}
+
+TEST_CASE("two runs of the program shuffle alike") {
+    std::vector<std::vector<int>> walks;
+    for (int run = 0; run < 2; ++run) {
+        Player player;
+        startWithTwelveTracks(player);
+        clickShuffle(player);
+        walks.push_back(walkOf(player, 40));
+    }
+    CHECK(walks[0] == walks[1]);
+    bool inOrder = true;
+    for (std::size_t i = 1; i < walks[0].size(); ++i)
+        inOrder = inOrder && walks[0][i] == walks[0][i - 1] + 1;
+    CHECK_FALSE(inOrder);
+}
+
+TEST_CASE("nothing is drawn at the end of the list") {
+    // The draw after a wrap is the first of the run, so both players pick alike.
+    ThreeTracks plain(0);
+    plain.form().shuffleOn = runtime::True16;
+    clickNext(plain.player);
+    const int firstPick = plain.index();
+
+    ThreeTracks wrapped(2);
+    wrapped.form().shuffleOn = runtime::True16;
+    wrapped.form().repeatOn = runtime::True16;
+    clickNext(wrapped.player);
+    REQUIRE(wrapped.index() == 0);
+    clickNext(wrapped.player);
+    CHECK(wrapped.index() == firstPick);
+}
+
+TEST_CASE("previous walks backwards and wraps from the first to the last, whatever the switches") {
+    for (const int flag : {0, -1}) {
+        CAPTURE(flag);
+        ThreeTracks three(1);
+        three.form().repeatOn = flag;
+        three.form().shuffleOn = flag;
+        clickPrevious(three.player);
+        CHECK(three.index() == 0);
+        CHECK(world.media.openPath() == A);
+        clickPrevious(three.player);
+        CHECK(three.index() == 2);
+        CHECK(world.media.openPath() == C);
+    }
+}
+
+TEST_CASE("previous restarts a single track") {
+    Player player;
+    player.play({A});
+    simulated::advance(5000);
+    clickPrevious(player);
+    CHECK(world.media.openPath() == A);
+    CHECK(world.media.position() == 1);
+}
+
+TEST_CASE("previous with nothing selected does nothing but stop a paused track") {
+    Player idle;
+    idle.start();
+    idle.addTracks({A, B});
+    clickPrevious(idle);
+    CHECK(commandsSent().empty());
+    CHECK(idle.list().ListIndex() == -1);
+
+    ThreeTracks paused(1);
+    pauseInBothWindows(paused.player);
+    paused.player.list().ListIndex(-1);
+    clickPrevious(paused.player);
+    CHECK(commandsSent() == stopAndClose);
+    CHECK(paused.player.status() == "Idle");
+    CHECK(pauseKeysAreUp(paused.player));
+}
+
+TEST_CASE("the switches start off, in yellow, and a click turns each on and off") {
+    Player player;
+    player.start();
+    FrmPlayer& form = player.frmPlayer();
+    CHECK(form.lblRepeat.ForeColor() == Yellow);
+    CHECK(form.lblShuffle.ForeColor() == Yellow);
+    CHECK(static_cast<std::uint32_t>(Yellow) == 0x00FFFFU);
+    CHECK(static_cast<std::uint32_t>(LightBlue) == 0xFF8080U);
+    clickRepeat(player);
+    CHECK(form.repeatOn == -1);
+    CHECK(form.shuffleOn == 0);
+    CHECK(form.lblRepeat.ForeColor() == LightBlue);
+    CHECK(form.lblShuffle.ForeColor() == Yellow);
+    clickShuffle(player);
+    clickRepeat(player);
+    CHECK(form.repeatOn == 0);
+    CHECK(form.shuffleOn == -1);
+    CHECK(form.lblRepeat.ForeColor() == Yellow);
+    CHECK(form.lblShuffle.ForeColor() == LightBlue);
+    clickShuffle(player);
+    CHECK(form.shuffleOn == 0);
+}
+
+TEST_CASE("a switch leaves the playing track alone") {
+    ThreeTracks three(0);
+    clickRepeat(three.player);
+    clickShuffle(three.player);
+    CHECK(commandsSent().empty());
+    CHECK(three.player.status() == "Playing");
+}
+
+namespace {
+
+struct AfterStop {
+    bool time;
+    bool thumb;
+    const char* playing;
+    const char* title;
+};
+
+void checkAfterStop(Player& player, const AfterStop& expected) {
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(world.media.open());
+    CHECK(player.frmPlayer().lblTimenow.Visible() == expected.time);
+    CHECK(player.frmPlayer().pctprogressbar.Visible() == expected.thumb);
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == expected.playing);
+    CHECK(player.frmPlaylist().lblTitle.Caption() == expected.title);
+}
+
+void stopFromTray() {
+    world.menus.choose("Stop");
+    world.tray.clickRight();
+}
+
+} // namespace
+
+TEST_CASE("stop in the tray menu hides the thumb only") {
+    ThreeTracks three(0);
+    simulated::advance(10'000);
+    world.media.forgetCommands();
+    stopFromTray();
+    CHECK(commandsSent() == stopAndClose);
+    checkAfterStop(three.player, {true, false, "Playing", "10 / 200"});
+}
+
+TEST_CASE("stop on the main window hides time and thumb and empties the playlist's texts") {
+    ThreeTracks three(0);
+    simulated::advance(10'000);
+    world.media.forgetCommands();
+    clickStop(three.player);
+    CHECK(commandsSent() == stopAndClose);
+    checkAfterStop(three.player, {false, false, "", ""});
+    CHECK(three.form().pctstop.Visible());
+    CHECK_FALSE(three.form().pctstopdown.Visible());
+}
+
+TEST_CASE("stop on the playlist window does the same") {
+    ThreeTracks three(0);
+    simulated::advance(10'000);
+    world.media.forgetCommands();
+    clickPlaylistStop(three.player);
+    CHECK(commandsSent() == stopAndClose);
+    checkAfterStop(three.player, {false, false, "", ""});
+    CHECK(three.player.frmPlaylist().pctPlsStop.Visible());
+    CHECK_FALSE(three.player.frmPlaylist().pctPlsStopDown.Visible());
+}
+
+TEST_CASE("stop in the tray menu or on the main window while paused lifts the pause keys") {
+    for (const bool tray : {true, false}) {
+        CAPTURE(tray);
+        ThreeTracks three(0);
+        pauseInBothWindows(three.player);
+        if (tray)
+            stopFromTray();
+        else
+            clickStop(three.player);
+        CHECK(three.player.status() == "Idle");
+        CHECK(pauseKeysAreUp(three.player));
+    }
+}
+
+TEST_CASE("stop in the tray menu or on the main window lifts the pause keys even if it fails") {
+    for (const bool tray : {true, false}) {
+        CAPTURE(tray);
+        ThreeTracks three(0);
+        pauseInBothWindows(three.player);
+        world.media.fail("stop");
+        if (tray)
+            stopFromTray();
+        else
+            clickStop(three.player);
+        CHECK(three.player.status() == "Paused");
+        CHECK(pauseKeysAreUp(three.player));
+    }
+}
+
+TEST_CASE("stop on the playlist window while paused ends play and leaves the pause keys pressed") {
+    ThreeTracks three(0);
+    pauseInBothWindows(three.player);
+    clickPlaylistStop(three.player);
+    CHECK(commandsSent() == stopAndClose);
+    CHECK(three.player.status() == "Idle");
+    CHECK(pauseKeysAreDown(three.player));
+}
+
+TEST_CASE("only a stop on the playlist window that fails lifts the pause keys") {
+    ThreeTracks three(0);
+    pauseInBothWindows(three.player);
+    world.media.fail("stop");
+    clickPlaylistStop(three.player);
+    CHECK(commandsSent() == Commands{"Stop mpeg"});
+    CHECK(three.player.status() == "Paused");
+    CHECK(pauseKeysAreUp(three.player));
+}
+
+TEST_CASE("no stop touches the timer, the seek offset or the thumb's place") {
+    const std::function<void(Player&)> stops[] = {[](Player&) { stopFromTray(); }, clickStop,
+                                                  clickPlaylistStop};
+    for (const auto& stop : stops) {
+        ThreeTracks three(0);
+        simulated::advance(100'000);
+        const toolkit::Twips left = three.form().pctprogressbar.Left();
+        const runtime::Fixed offset = three.form().seekOffset;
+        REQUIRE(left > 1500);
+        stop(three.player);
+        CHECK(three.form().Timer1.Enabled());
+        CHECK(three.form().pctprogressbar.Left() == left);
+        CHECK(three.form().pctprogressbardown.Left() == left);
+        CHECK(three.form().seekOffset == offset);
+    }
+}
+
+TEST_CASE("a stop without anything open stays quiet") {
+    Player player;
+    player.start();
+    clickStop(player);
+    CHECK(commandsSent() == Commands{"Stop mpeg"});
+    CHECK(player.status() == "Idle");
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("the tick after a stop shows that the player is idle") {
+    ThreeTracks three(0);
+    simulated::advance(10'000);
+    clickStop(three.player);
+    REQUIRE(three.player.frmPlaylist().lblPlaying.Caption().empty());
+    simulated::advance(966);
+    CHECK(three.player.frmPlaylist().lblPlaying.Caption() == "Idle");
+    CHECK(three.player.frmPlaylist().lblTitle.Caption().empty());
+}

@@ -1,0 +1,230 @@
+#include "tests/behaviour/playlist_keys.h"
+
+using behaviour::commandsSent;
+using behaviour::OpenPlaylist;
+using simulated::PointerButton;
+namespace keys = behaviour::keys;
+
+TEST_CASE("a click in the list moves the selection only") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    player.click(keys::row(2));
+    CHECK(player.selected() == 2);
+    CHECK(player.sounding() == "C:\\Music\\a.mp3");
+    CHECK(player.status() == "Playing");
+}
+
+TEST_CASE("a click below the last entry of the list changes nothing") {
+    OpenPlaylist player;
+    player.playLetters(2);
+    player.click(keys::row(2));
+    CHECK(player.selected() == 0);
+}
+
+TEST_CASE("a double click in the list starts that entry from its beginning") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    simulated::advance(5000);
+    commandsSent();
+    simulated::doubleClick(player.playlistWindow(), keys::row(1).x, keys::row(1).y);
+    CHECK(player.selected() == 1);
+    CHECK(player.sounding() == "C:\\Music\\b.mp3");
+    CHECK(commandsSent().back() == "play mpeg from 1 to 200000");
+    simulated::doubleClick(player.playlistWindow(), keys::row(1).x, keys::row(1).y);
+    CHECK(commandsSent().back() == "play mpeg from 1 to 200000");
+}
+
+TEST_CASE("a double click with the right button starts nothing") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    simulated::doubleClick(player.playlistWindow(), keys::row(1).x, keys::row(1).y,
+                           PointerButton::Right);
+    CHECK(player.sounding() == "C:\\Music\\a.mp3");
+    CHECK(player.selected() == 0);
+}
+
+TEST_CASE("a double click while paused resumes the paused track") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    player.click(keys::pause);
+    commandsSent();
+    simulated::doubleClick(player.playlistWindow(), keys::row(2).x, keys::row(2).y);
+    CHECK(commandsSent() == std::vector<std::string>{"Resume mpeg"});
+    CHECK(player.sounding() == "C:\\Music\\a.mp3");
+    CHECK(player.selected() == 2);
+}
+
+TEST_CASE("the scroll keys move the view by one row at the release and wrap round") {
+    OpenPlaylist player;
+    player.addLetters(10);
+    player.list().ListIndex(0);
+    for (int n = 1; n <= 7; ++n) {
+        player.click(keys::down);
+        CHECK(player.firstRow() == n);
+    }
+    player.click(keys::down);
+    CHECK(player.firstRow() == 0);
+    player.click(keys::up);
+    CHECK(player.firstRow() == 7);
+    player.click(keys::up);
+    CHECK(player.firstRow() == 6);
+    CHECK(player.selected() == 0);
+}
+
+TEST_CASE("with four entries either scroll key toggles between the two views") {
+    OpenPlaylist player;
+    player.addLetters(4);
+    for (const int view : {1, 0, 1}) {
+        player.click(keys::down);
+        CHECK(player.firstRow() == view);
+    }
+    for (const int view : {0, 1, 0}) {
+        player.click(keys::up);
+        CHECK(player.firstRow() == view);
+    }
+}
+
+TEST_CASE("with three entries or fewer the scroll keys press and release and scroll nothing") {
+    for (const int count : {0, 1, 2, 3}) {
+        OpenPlaylist player;
+        player.addLetters(count);
+        FrmPlaylist& form = player.frmPlaylist();
+        player.press(keys::down);
+        CHECK(form.pctLBoxDownDown.Visible());
+        CHECK(form.pctLBoxDownUp.Visible());
+        simulated::release();
+        CHECK_FALSE(form.pctLBoxDownDown.Visible());
+        player.press(keys::up);
+        CHECK(form.pctLboxUpDown.Visible());
+        CHECK(form.pctLBoxUpUp.Visible());
+        simulated::release();
+        CHECK_FALSE(form.pctLboxUpDown.Visible());
+        CHECK(player.firstRow() == 0);
+    }
+}
+
+TEST_CASE("a scroll key held down doesn't repeat, and scrolls wherever it is let go") {
+    OpenPlaylist player;
+    player.addLetters(10);
+    player.press(keys::down);
+    simulated::advance(5000);
+    CHECK(player.firstRow() == 0);
+    simulated::moveToScreen(5, 5);
+    simulated::release();
+    CHECK(player.firstRow() == 1);
+}
+
+TEST_CASE("the patch between the scroll keys doesn't react") {
+    OpenPlaylist player;
+    player.addLetters(10);
+    player.list().ListIndex(0);
+    const platform::Point before = simulated::window(player.playlistWindow()).position;
+    player.press(keys::patch);
+    simulated::moveToScreen(before.x + 300, before.y);
+    simulated::release();
+    player.click(keys::patch);
+    CHECK(player.firstRow() == 0);
+    CHECK(player.selected() == 0);
+    CHECK(simulated::window(player.playlistWindow()).position == before);
+}
+
+TEST_CASE("the patch covers the lowest row of the upper key and the highest of the lower") {
+    OpenPlaylist player;
+    player.addLetters(10);
+    for (const int y : {40, 48}) {
+        player.click({264, y});
+        CHECK(player.firstRow() == 0);
+    }
+    player.click({264, 49});
+    CHECK(player.firstRow() == 1);
+    player.click({264, 39});
+    CHECK(player.firstRow() == 0);
+}
+
+TEST_CASE("selecting an entry out of view brings it into view") {
+    OpenPlaylist player;
+    player.playLetters(5);
+    for (const char* path : {"b", "c", "d"}) {
+        player.click(keys::next);
+        CHECK(player.sounding() == std::string("C:\\Music\\") + path + ".mp3");
+    }
+    CHECK(player.firstRow() == 1);
+    player.click(keys::previous);
+    CHECK(player.firstRow() == 1);
+}
+
+TEST_CASE("the wheel scrolls the view and leaves the selection") {
+    OpenPlaylist player;
+    player.addLetters(10);
+    player.list().ListIndex(1);
+    const auto turn = [&](int rows) {
+        simulated::wheelAt(player.playlistWindow(), keys::row(1).x, keys::row(1).y, rows);
+    };
+    turn(3);
+    CHECK(player.firstRow() == 3);
+    turn(30);
+    CHECK(player.firstRow() == 7); // the wheel doesn't wrap round
+    turn(-2);
+    CHECK(player.firstRow() == 5);
+    turn(-30);
+    CHECK(player.firstRow() == 0);
+    CHECK(player.selected() == 1);
+}
+
+TEST_CASE("the list answers to the keys of a list and starts nothing by them") {
+    using simulated::Key;
+    OpenPlaylist player;
+    player.addLetters(10);
+    const auto type = [&](Key key) {
+        simulated::typeKey(player.playlistWindow(), key);
+        return player.selected();
+    };
+    CHECK(type(Key::Down) == 0);
+    CHECK(type(Key::Down) == 1);
+    CHECK(type(Key::Up) == 0);
+    CHECK(type(Key::Up) == 0);
+    CHECK(type(Key::End) == 9);
+    CHECK(player.firstRow() == 7);
+    CHECK(type(Key::Down) == 9);
+    CHECK(type(Key::Home) == 0);
+    CHECK(player.firstRow() == 0);
+    CHECK(type(Key::PageDown) == 2);
+    CHECK(type(Key::PageUp) == 0);
+    CHECK(type(Key::Enter) == 0);
+    CHECK(type(Key::Space) == 0);
+    simulated::typeText(player.playlistWindow(), "G");
+    CHECK(player.selected() == 6);
+    simulated::typeText(player.playlistWindow(), "x");
+    CHECK(player.selected() == 6);
+    CHECK(player.status() == "Idle");
+}
+
+TEST_CASE("the keys find the next entry with a letter, round the end of the list") {
+    OpenPlaylist player;
+    player.addTracks({"C:\\m\\alpha.mp3", "C:\\m\\beta.mp3", "C:\\m\\axel.mp3"});
+    for (const int index : {0, 2, 0}) {
+        simulated::typeText(player.playlistWindow(), "a");
+        CHECK(player.selected() == index);
+    }
+}
+
+TEST_CASE("keys on an empty list do nothing") {
+    OpenPlaylist player;
+    for (const auto key : {simulated::Key::Down, simulated::Key::End, simulated::Key::PageUp})
+        simulated::typeKey(player.playlistWindow(), key);
+    simulated::typeText(player.playlistWindow(), "a");
+    CHECK(player.selected() == -1);
+}
+
+TEST_CASE("the list keeps its entries, view and selection while the window is closed") {
+    OpenPlaylist player;
+    player.addLetters(10);
+    player.list().ListIndex(4);
+    const int view = player.firstRow();
+    simulated::click(player.mainWindow(), 255, 55);
+    player.addTracks({"C:\\Music\\z.mp3"});
+    simulated::click(player.mainWindow(), 255, 55);
+    CHECK(player.list().ListCount() == 11);
+    CHECK(player.selected() == 4);
+    CHECK(player.firstRow() == view);
+}

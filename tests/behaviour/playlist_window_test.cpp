@@ -1,0 +1,277 @@
+#include "tests/behaviour/playlist_keys.h"
+
+using behaviour::commandsSent;
+using behaviour::OpenPlaylist;
+using simulated::PointerButton;
+using simulated::world;
+namespace keys = behaviour::keys;
+
+namespace {
+
+constexpr platform::Point mainPause{145, 55};
+
+struct KeyPair {
+    toolkit::Image& up;
+    toolkit::Image& down;
+    platform::Point place;
+};
+
+std::vector<KeyPair> springingKeys(FrmPlaylist& form) {
+    return {{form.pctPlsPrev, form.pctPlsPrevDown, keys::previous},
+            {form.pctPlsNext, form.pctPlsNextDown, keys::next},
+            {form.pctPlsStop, form.pctPlsStopDown, keys::stop},
+            {form.pctPlsPlay, form.pctPlsPlayDown, keys::play},
+            {form.pctPlsOpen, form.pctPlsOpenDown, keys::open}};
+}
+
+void clickMain(OpenPlaylist& player, platform::Point key) {
+    simulated::click(player.mainWindow(), key.x, key.y);
+}
+
+} // namespace
+
+TEST_CASE("every key of the playlist goes down at the press and up at the release") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    for (const KeyPair& key : springingKeys(player.frmPlaylist())) {
+        CAPTURE(key.place.x);
+        CHECK(key.up.Visible());
+        CHECK_FALSE(key.down.Visible());
+        player.press(key.place);
+        CHECK_FALSE(key.up.Visible());
+        CHECK(key.down.Visible());
+        simulated::release();
+        CHECK(key.up.Visible());
+        CHECK_FALSE(key.down.Visible());
+    }
+}
+
+TEST_CASE("a key of the playlist fires at the release, wherever that is, and with any button") {
+    OpenPlaylist player;
+    player.playLetters(4);
+    player.press(keys::next);
+    CHECK(player.selected() == 0);
+    simulated::release();
+    CHECK(player.selected() == 1);
+    player.clickAndSlideOff(keys::next);
+    CHECK(player.selected() == 2);
+    simulated::click(player.playlistWindow(), keys::next.x, keys::next.y, PointerButton::Right);
+    CHECK(player.selected() == 3);
+    CHECK(player.sounding() == "C:\\Music\\d.mp3");
+}
+
+TEST_CASE("the keys of the playlist leave the main window's keys alone") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    FrmPlayer& main = player.frmPlayer();
+    player.press(keys::next);
+    CHECK(main.pctnext.Visible());
+    CHECK_FALSE(main.pctnextdown.Visible());
+    simulated::release();
+    player.press(keys::play);
+    CHECK_FALSE(main.pctplaydown.Visible());
+    simulated::release();
+    player.press(keys::stop);
+    CHECK(main.pctstop.Visible());
+    CHECK_FALSE(main.pctstopdown.Visible());
+    simulated::release();
+}
+
+TEST_CASE("previous, next, play and stop of the playlist do what the main window's do") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    player.click(keys::next);
+    CHECK(player.sounding() == "C:\\Music\\b.mp3");
+    player.click(keys::previous);
+    player.click(keys::previous);
+    CHECK(player.sounding() == "C:\\Music\\c.mp3");
+    player.click(keys::stop);
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(player.frmPlayer().lblTimenow.Visible());
+    CHECK_FALSE(player.frmPlayer().pctprogressbar.Visible());
+    player.click(keys::play);
+    CHECK(player.status() == "Playing");
+    CHECK(player.sounding() == "C:\\Music\\c.mp3");
+}
+
+TEST_CASE("stop of the playlist empties both labels") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    simulated::advance(1500);
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Playing");
+    CHECK(player.frmPlaylist().lblTitle.Caption() == "1 / 200");
+    player.click(keys::stop);
+    CHECK(player.frmPlaylist().lblPlaying.Caption().empty());
+    CHECK(player.frmPlaylist().lblTitle.Caption().empty());
+    simulated::advance(966);
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Idle");
+}
+
+TEST_CASE("the playlist's open key stays down through menu and dialog, and 300 ms more") {
+    OpenPlaylist player;
+    FrmPlaylist& form = player.frmPlaylist();
+    world.media.addFile("C:\\Music\\a.mp3", 3000);
+    const auto checkDown = [&] {
+        CHECK_FALSE(form.pctPlsOpen.Visible());
+        CHECK(form.pctPlsOpenDown.Visible());
+        CHECK(player.frmPlayer().pctopen.Visible());
+        CHECK(world.events.sleeps.empty());
+    };
+    world.menus.choose("File", checkDown);
+    world.dialogs.pickFiles({"C:\\Music\\a.mp3"}, checkDown);
+    const std::uint64_t before = simulated::now();
+    player.click(keys::open);
+    REQUIRE(world.menus.shown.size() == 1);
+    CHECK(world.menus.shown[0].size() == 2);
+    CHECK(simulated::scriptsLeft() == 0);
+    CHECK(world.events.sleeps == std::vector<std::uint32_t>{300});
+    CHECK(simulated::now() == before + 300);
+    CHECK(form.pctPlsOpen.Visible());
+    CHECK_FALSE(form.pctPlsOpenDown.Visible());
+    CHECK(player.status() == "Playing");
+}
+
+TEST_CASE("the playlist's open key comes up 300 ms after a dismissed menu too") {
+    OpenPlaylist player;
+    player.click(keys::open);
+    CHECK(world.dialogs.opened.empty());
+    CHECK(world.events.sleeps == std::vector<std::uint32_t>{300});
+    CHECK(player.frmPlaylist().pctPlsOpen.Visible());
+}
+
+TEST_CASE("the playlist's open key lifts the main window's as well") {
+    OpenPlaylist player;
+    player.frmPlayer().pctopen.Visible(false);
+    player.frmPlayer().pctopendown.Visible(true);
+    player.click(keys::open);
+    CHECK(player.frmPlayer().pctopen.Visible());
+    CHECK_FALSE(player.frmPlayer().pctopendown.Visible());
+}
+
+TEST_CASE("the playlist's pause latches at the press and ends at the next press") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    FrmPlaylist& form = player.frmPlaylist();
+    player.press(keys::pause);
+    CHECK(player.status() == "Paused");
+    CHECK_FALSE(form.pctPlsPause.Visible());
+    CHECK(form.pctPlsPauseDown.Visible());
+    CHECK(form.lblPlaying.Caption() == "Paused");
+    simulated::release();
+    CHECK(player.status() == "Paused");
+    player.press(keys::pause);
+    CHECK(player.status() == "Playing");
+    CHECK(form.pctPlsPause.Visible());
+    CHECK_FALSE(form.pctPlsPauseDown.Visible());
+    CHECK(form.lblPlaying.Caption() == "Paused"); // until the next tick
+    simulated::release();
+    simulated::advance(966);
+    CHECK(form.lblPlaying.Caption() == "Playing");
+}
+
+TEST_CASE("the playlist's pause does nothing while nothing plays") {
+    OpenPlaylist player;
+    player.addLetters(1);
+    commandsSent();
+    player.click(keys::pause);
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
+    CHECK(player.frmPlaylist().lblPlaying.Caption().empty());
+    CHECK(commandsSent().empty());
+}
+
+TEST_CASE("a pause made in the main window shows and ends there only") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    clickMain(player, mainPause);
+    CHECK(player.status() == "Paused");
+    CHECK(player.frmPlayer().pctpausedown.Visible());
+    CHECK(player.frmPlayer().pctpause.Visible());
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    player.click(keys::pause);
+    CHECK(player.status() == "Paused");
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    clickMain(player, mainPause);
+    CHECK(player.status() == "Playing");
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("a pause made in the playlist shows and ends there only") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    player.click(keys::pause);
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+    clickMain(player, mainPause);
+    CHECK(player.status() == "Paused");
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("stopped from the playlist while paused there, its pause key stays down until play") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    player.click(keys::pause);
+    player.click(keys::stop);
+    CHECK(player.status() == "Idle");
+    CHECK(player.frmPlaylist().pctPlsPauseDown.Visible());
+    player.click(keys::pause);
+    CHECK(player.status() == "Idle");
+    player.click(keys::play);
+    CHECK(player.status() == "Playing");
+}
+
+TEST_CASE("play ends a pause made in the playlist and lifts its key") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    player.click(keys::pause);
+    player.click(keys::play);
+    CHECK(player.status() == "Playing");
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
+}
+
+TEST_CASE("a pause that the device refuses leaves the key down and the word") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    world.media.fail("Pause");
+    player.click(keys::pause);
+    CHECK(player.status() == "Playing");
+    CHECK(player.frmPlaylist().pctPlsPauseDown.Visible());
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
+}
+
+TEST_CASE("tooltips of the playlist show over what is pressed, and pause's over the key at rest") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    const auto tooltip = [&] { return simulated::window(player.playlistWindow()).tooltip; };
+    struct Row {
+        platform::Point place;
+        const char* atRest;
+        const char* pressed;
+    };
+    for (const Row& row : {Row{keys::previous, "", "Previous"}, Row{keys::next, "", "Next"},
+                           Row{keys::stop, "", "Remove"}, Row{keys::play, "", "Play"},
+                           Row{keys::open, "", "Open"}}) {
+        simulated::moveTo(player.playlistWindow(), row.place.x, row.place.y);
+        CHECK(tooltip() == row.atRest);
+        player.press(row.place);
+        CHECK(tooltip() == row.pressed);
+        simulated::release();
+    }
+    player.click(keys::play);
+    simulated::moveTo(player.playlistWindow(), keys::pause.x, keys::pause.y);
+    CHECK(tooltip() == "Pause");
+    player.press(keys::pause);
+    CHECK(tooltip().empty());
+    simulated::release();
+}
+
+TEST_CASE("with an empty list only play does something: it opens the file dialog") {
+    OpenPlaylist player;
+    player.click(keys::previous);
+    player.click(keys::next);
+    CHECK(world.dialogs.opened.empty());
+    player.click(keys::play);
+    CHECK(world.dialogs.opened.size() == 1);
+    CHECK(world.messages.shown.empty());
+}

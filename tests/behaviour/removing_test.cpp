@@ -1,0 +1,303 @@
+#include "tests/behaviour/playlist_keys.h"
+
+using behaviour::commandsSent;
+using behaviour::OpenPlaylist;
+using simulated::world;
+namespace keys = behaviour::keys;
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+Texts entries(OpenPlaylist& player) {
+    Texts texts;
+    for (runtime::Int16 n = 0; n < player.list().ListCount(); n += 1)
+        texts.push_back(player.list().List(n));
+    return texts;
+}
+
+/// The names behind the paths, every element of the array.
+Texts paths(OpenPlaylist& player) {
+    Texts texts;
+    const TrackPaths& tracks = player.frmPlayer().trackPaths;
+    for (std::size_t n = 0; n < tracks.size(); ++n) {
+        const std::string& path = tracks[static_cast<std::int32_t>(n)];
+        texts.push_back(path.substr(path.rfind('\\') + 1));
+    }
+    return texts;
+}
+
+/// Count, list and paths are in step, with one empty element above the tracks.
+void checkLeft(OpenPlaylist& player, const Texts& left, int selected) {
+    CHECK(entries(player) == left);
+    CHECK(player.frmPlayer().trackCount == static_cast<std::int32_t>(left.size()));
+    CHECK(player.selected() == selected);
+    Texts expected = left;
+    expected.emplace_back();
+    CHECK(paths(player) == expected);
+}
+
+void playToTheEnd() { simulated::advance(201'000); }
+
+} // namespace
+
+TEST_CASE("remove on an empty list does nothing") {
+    OpenPlaylist player;
+    player.click(keys::remove);
+    CHECK(entries(player).empty());
+    CHECK(player.selected() == -1);
+    CHECK(player.frmPlayer().trackCount == 0);
+    CHECK(player.frmPlayer().trackPaths.size() == 0);
+}
+
+TEST_CASE("remove all on an empty list shows nothing and leaves one empty path") {
+    OpenPlaylist player;
+    player.click(keys::removeAll);
+    checkLeft(player, {}, -1);
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("remove empties a list of one, selected or not") {
+    for (const int selected : {0, -1}) {
+        OpenPlaylist player;
+        player.addLetters(1);
+        player.list().ListIndex(selected);
+        player.click(keys::remove);
+        checkLeft(player, {}, -1);
+    }
+}
+
+TEST_CASE("remove without a selection leaves a longer list alone") {
+    OpenPlaylist player;
+    player.addLetters(2);
+    player.click(keys::remove);
+    CHECK(entries(player) == Texts{"a.mp3", "b.mp3"});
+    CHECK(player.frmPlayer().trackCount == 2);
+    CHECK(paths(player) == Texts{"a.mp3", "b.mp3"});
+    CHECK(player.selected() == -1);
+}
+
+TEST_CASE("after a removal the entry that followed is selected") {
+    OpenPlaylist player;
+    player.addLetters(3);
+    player.list().ListIndex(1);
+    player.click(keys::remove);
+    checkLeft(player, {"a.mp3", "c.mp3"}, 1);
+}
+
+TEST_CASE("after the first entry's removal the new first one is selected") {
+    OpenPlaylist player;
+    player.addLetters(3);
+    player.list().ListIndex(0);
+    player.click(keys::remove);
+    checkLeft(player, {"b.mp3", "c.mp3"}, 0);
+}
+
+TEST_CASE("after the last entry's removal the first one is selected") {
+    OpenPlaylist player;
+    player.addLetters(3);
+    player.list().ListIndex(2);
+    player.click(keys::remove);
+    checkLeft(player, {"a.mp3", "b.mp3"}, 0);
+}
+
+TEST_CASE("a long list empties by remove alone, entry by entry") {
+    OpenPlaylist player;
+    player.addLetters(12);
+    player.list().ListIndex(5);
+    for (int left = 11; left >= 1; --left) {
+        player.click(keys::remove);
+        CHECK(player.list().ListCount() == left);
+        CHECK(player.frmPlayer().trackCount == left);
+        Texts expected = entries(player);
+        expected.emplace_back();
+        CHECK(paths(player) == expected);
+    }
+    player.click(keys::remove);
+    checkLeft(player, {}, -1);
+    player.click(keys::remove);
+    checkLeft(player, {}, -1);
+}
+
+TEST_CASE("tracks added after a removal follow those that are left") {
+    OpenPlaylist player;
+    player.addLetters(3);
+    player.list().ListIndex(0);
+    player.click(keys::remove);
+    player.addTracks({"C:\\Music\\x.mp3"});
+    CHECK(entries(player) == Texts{"b.mp3", "c.mp3", "x.mp3"});
+    CHECK(paths(player) == Texts{"b.mp3", "c.mp3", "x.mp3"});
+    player.list().ListIndex(2);
+    player.click(keys::play);
+    CHECK(player.sounding() == "C:\\Music\\x.mp3");
+}
+
+TEST_CASE("remove fires as a click: not when the pointer has slid off") {
+    OpenPlaylist player;
+    player.addLetters(3);
+    player.list().ListIndex(0);
+    player.clickAndSlideOff(keys::remove);
+    player.clickAndSlideOff(keys::removeAll);
+    CHECK(player.list().ListCount() == 3);
+    player.press(keys::removeAll);
+    CHECK(player.list().ListCount() == 3);
+    simulated::release();
+    CHECK(player.list().ListCount() == 0);
+}
+
+TEST_CASE("remove doesn't interrupt the sound, and the display goes on") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    simulated::advance(2000);
+    commandsSent();
+    player.click(keys::remove);
+    player.click(keys::removeAll);
+    CHECK(commandsSent().empty());
+    CHECK(player.status() == "Playing");
+    CHECK(player.frmPlayer().Timer1.Enabled());
+    simulated::advance(3000);
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Playing");
+    CHECK(player.frmPlaylist().lblTitle.Caption() == "5 / 200");
+}
+
+TEST_CASE("remove leaves the pause keys as they are") {
+    OpenPlaylist player;
+    player.playLetters(2);
+    player.click(keys::pause);
+    player.click(keys::removeAll);
+    CHECK(player.status() == "Paused");
+    CHECK(player.frmPlaylist().pctPlsPauseDown.Visible());
+    player.click(keys::pause);
+    CHECK(player.status() == "Playing");
+}
+
+TEST_CASE("the entry behind a removed playing one is skipped at the end of the track") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    player.click(keys::remove);
+    CHECK(player.selected() == 0);
+    playToTheEnd();
+    CHECK(player.sounding() == "C:\\Music\\c.mp3");
+}
+
+TEST_CASE("with nothing behind the entry that followed, the end of the track is the end") {
+    OpenPlaylist player;
+    player.playLetters(2);
+    player.click(keys::remove);
+    playToTheEnd();
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(world.media.open());
+}
+
+TEST_CASE("removing another entry than the one that plays counts the same") {
+    OpenPlaylist player;
+    player.playLetters(4);
+    player.click(keys::row(1));
+    player.click(keys::remove);
+    CHECK(player.selected() == 1);
+    CHECK(player.sounding() == "C:\\Music\\a.mp3");
+    playToTheEnd();
+    CHECK(player.sounding() == "C:\\Music\\d.mp3");
+}
+
+TEST_CASE("after remove all the track plays to its end and stops, and play asks for files") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    player.click(keys::removeAll);
+    checkLeft(player, {}, -1);
+    CHECK(player.status() == "Playing");
+    playToTheEnd();
+    CHECK(player.status() == "Idle");
+    CHECK(world.dialogs.opened.empty());
+    player.click(keys::play);
+    CHECK(world.dialogs.opened.size() == 1);
+}
+
+TEST_CASE("after remove all with repeat on the end of the track starts nothing") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    player.frmPlayer().lblRepeat_Click();
+    player.click(keys::removeAll);
+    commandsSent();
+    playToTheEnd();
+    for (const std::string& command : commandsSent())
+        CHECK_FALSE(command.starts_with("open"));
+    CHECK(world.dialogs.opened.empty());
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("remove all forgets the leftover list text and keeps the last folder") {
+    OpenPlaylist player;
+    player.addLetters(2);
+    player.frmPlayer().savedTrackList = "left over";
+    player.frmPlayer().lastFolder = "C:\\Music";
+    player.click(keys::removeAll);
+    CHECK(player.frmPlayer().savedTrackList.empty());
+    CHECK(player.frmPlayer().lastFolder == "C:\\Music");
+}
+
+TEST_CASE("remove of the only entry keeps the leftover list text") {
+    OpenPlaylist player;
+    player.addLetters(1);
+    player.frmPlayer().savedTrackList = "left over";
+    player.click(keys::remove);
+    CHECK(player.frmPlayer().savedTrackList == "left over");
+}
+
+TEST_CASE("after remove all the settings hold an empty list") {
+    OpenPlaylist player;
+    player.addLetters(3);
+    player.click(keys::removeAll);
+    simulated::closeByUser(player.mainWindow());
+    const std::string line = world.files.text("C:\\Orvan\\MyPlayerSettings.mps");
+    CHECK(line.find("**") != std::string::npos);
+    CHECK(line.find(".mp3") == std::string::npos);
+}
+
+TEST_CASE("after a removal the settings hold what is left, in its order") {
+    OpenPlaylist player;
+    player.addLetters(3);
+    player.list().ListIndex(1);
+    player.click(keys::remove);
+    simulated::closeByUser(player.mainWindow());
+    const std::string line = world.files.text("C:\\Orvan\\MyPlayerSettings.mps");
+    CHECK(line.find("*C:\\Music\\a.mp3/C:\\Music\\c.mp3//*") != std::string::npos);
+}
+
+TEST_CASE("entries removed while the open dialog is up are gone before what it picks arrives") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    world.media.addFile("C:\\Music\\x.mp3", 3000);
+    world.menus.choose("File");
+    world.dialogs.pickFiles({"C:\\Music\\x.mp3"}, [&] { player.click(keys::remove); });
+    player.click(keys::open);
+    CHECK(entries(player) == Texts{"b.mp3", "c.mp3", "x.mp3"});
+    CHECK(player.frmPlayer().trackCount == 3);
+    CHECK(player.selected() == 2);
+    CHECK(player.sounding() == "C:\\Music\\x.mp3");
+}
+
+TEST_CASE("the whole list removed while the open dialog is up leaves what it picks") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    world.media.addFile("C:\\Music\\x.mp3", 3000);
+    world.menus.choose("File");
+    world.dialogs.pickFiles({"C:\\Music\\x.mp3"}, [&] { player.click(keys::removeAll); });
+    player.click(keys::open);
+    CHECK(entries(player) == Texts{"x.mp3"});
+    CHECK(paths(player) == Texts{"x.mp3"});
+    CHECK(player.selected() == 0);
+    CHECK(player.sounding() == "C:\\Music\\x.mp3");
+}
+
+TEST_CASE("a removal that shortens the list keeps the view full") {
+    OpenPlaylist player;
+    player.addLetters(5);
+    player.list().ListIndex(4);
+    CHECK(player.firstRow() == 2);
+    player.list().TopIndex(2);
+    player.list().ListIndex(3);
+    player.click(keys::remove);
+    CHECK(player.firstRow() == 1);
+    CHECK(player.selected() == 3);
+}

@@ -1,0 +1,214 @@
+#include "tests/behaviour/hands.h"
+
+#include <cmath>
+
+using behaviour::commandsSent;
+using behaviour::Player;
+using platform::PointerButton;
+using simulated::world;
+
+namespace {
+
+using Commands = std::vector<std::string>;
+
+/// A player in the middle of the first of two tracks of 200 seconds, the device standing still, the
+/// thumb at its true place.
+void playHalfway(Player& player) {
+    player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+    world.media.reportPosition(100'000);
+    simulated::advance(966);
+    REQUIRE(player.frmPlayer().pctprogressbar.Left() == 1850);
+    world.media.forgetCommands();
+}
+
+bool sought(const Commands& commands) {
+    for (const std::string& command : commands)
+        if (command.starts_with("seek")) return true;
+    return false;
+}
+
+} // namespace
+
+TEST_CASE("the strip is the pixel rows 34 to 40; presses beside it start a window drag") {
+    struct Row {
+        int y;
+        bool strip;
+    };
+    for (const Row& row : {Row{33, false}, Row{34, true}, Row{40, true}, Row{41, false}}) {
+        CAPTURE(row.y);
+        Player player;
+        playHalfway(player);
+        simulated::pressAt(player.mainWindow(), 60, row.y);
+        CHECK(sought(commandsSent()) == row.strip);
+        CHECK((player.frmPlayer().mouseHeld == runtime::False16) == row.strip);
+        simulated::release();
+    }
+}
+
+TEST_CASE("the strip reaches over the whole width of the window") {
+    for (const int x : {0, 5, 240, 275}) {
+        CAPTURE(x);
+        Player player;
+        playHalfway(player);
+        simulated::pressAt(player.mainWindow(), x, 37, PointerButton::Middle);
+        CHECK_FALSE(commandsSent().empty());
+        CHECK(player.frmPlayer().mouseHeld == runtime::False16);
+        simulated::release(PointerButton::Middle);
+    }
+}
+
+TEST_CASE("with nothing playing the strip neither seeks nor drags") {
+    for (const bool paused : {false, true}) {
+        CAPTURE(paused);
+        Player player;
+        if (paused) {
+            playHalfway(player);
+            player.engine().PauseM();
+        } else {
+            player.start();
+        }
+        world.media.forgetCommands();
+        const toolkit::Twips windowLeft = player.frmPlayer().window.Left();
+        simulated::pressAt(player.mainWindow(), 200, 37);
+        simulated::moveTo(player.mainWindow(), 230, 90);
+        simulated::release();
+        CHECK(commandsSent().empty());
+        CHECK(player.frmPlayer().window.Left() == windowLeft);
+        CHECK(player.frmPlayer().mouseHeld == runtime::False16);
+    }
+}
+
+TEST_CASE("a click on the strip jumps by the distance from the thumb to the pointer") {
+    Player player;
+    playHalfway(player);
+    FrmPlayer& form = player.frmPlayer();
+    simulated::pressAt(player.mainWindow(), 180, 37);
+    // 180 pixels less half a thumb, from 1850.
+    CHECK(form.pctprogressbar.Left() == 2467.5F);
+    CHECK(form.pctprogressbardown.Left() == 2467.5F);
+    CHECK(form.seekOffset == runtime::Fixed(617.5));
+    CHECK(form.trackPositionSeconds == runtime::Fixed(138.3540));
+    CHECK(commandsSent() == Commands{"status mpeg position", "seek mpeg to 138354", "Play mpeg",
+                                     "set mpeg time format frames", "status mpeg length"});
+    CHECK(form.lblTimenow.Caption() == "-01:02");
+    CHECK(player.frmPlaylist().lblTitle.Caption() == "138 / 200");
+    CHECK(form.pctprogressbar.Visible());
+    CHECK(form.Timer1.Enabled());
+    // A single jump: nothing follows the pointer.
+    simulated::moveTo(player.mainWindow(), 200, 37);
+    simulated::release();
+    CHECK(commandsSent().empty());
+    CHECK(form.pctprogressbar.Left() == 2467.5F);
+}
+
+TEST_CASE("the distance counts from the thumb's place in whole twips") {
+    Player player;
+    playHalfway(player);
+    FrmPlayer& form = player.frmPlayer();
+    form.pctprogressbar.Left(1850.5F); // halfway between: the even one counts
+    simulated::click(player.mainWindow(), 180, 37);
+    CHECK(form.seekOffset == runtime::Fixed(617.5));
+}
+
+TEST_CASE("after a click on the strip the next tick puts the thumb where the track is") {
+    Player player;
+    playHalfway(player);
+    world.media.reportPosition({});
+    FrmPlayer& form = player.frmPlayer();
+    simulated::click(player.mainWindow(), 200, 37);
+    const toolkit::Twips clicked = form.pctprogressbar.Left();
+    simulated::advance(966);
+    const double share = form.trackPositionSeconds.toDouble() / 200.0;
+    CHECK(form.pctprogressbar.Left() != clicked);
+    CHECK(std::fabs(static_cast<double>(form.pctprogressbar.Left()) - (240 + share * 3220)) < 0.01);
+}
+
+TEST_CASE("a click right of the bar's end is the next track, at any row of the strip") {
+    for (const int y : {34, 37, 40}) {
+        CAPTURE(y);
+        Player player;
+        playHalfway(player);
+        simulated::click(player.mainWindow(), 246, y); // 3690 twips
+        CHECK(player.list().ListIndex() == 0);
+        simulated::click(player.mainWindow(), 270, y);
+        CHECK(player.list().ListIndex() == 1);
+        CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+        CHECK(world.media.openPath() == "C:\\Music\\b.mp3");
+    }
+    Player player;
+    playHalfway(player);
+    simulated::click(player.mainWindow(), 247, 37); // 3705 twips
+    CHECK(player.list().ListIndex() == 1);
+}
+
+TEST_CASE("texts are written after a click that went to the next track too") {
+    Player player;
+    playHalfway(player);
+    player.frmPlayer().lblTimenow.Caption("old");
+    world.media.reportPosition(100'000);
+    simulated::click(player.mainWindow(), 247, 37);
+    CHECK(player.frmPlayer().lblTimenow.Caption() == "-00:-01");
+    CHECK(player.frmPlaylist().lblTitle.Caption() == "201 / 200");
+}
+
+TEST_CASE("a click right of the end of the last track without repeat changes no track") {
+    Player player;
+    playHalfway(player);
+    player.list().ListIndex(1);
+    simulated::click(player.mainWindow(), 250, 37);
+    const Commands sent = commandsSent();
+    CHECK_FALSE(sought(sent));
+    CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
+}
+
+TEST_CASE("a click far to the left sends a negative seek, which the device refuses") {
+    Player player;
+    playHalfway(player);
+    world.media.reportPosition({});
+    FrmPlayer& form = player.frmPlayer();
+    const std::int64_t before = world.media.position();
+    simulated::click(player.mainWindow(), 20, 37);
+    const Commands sent = commandsSent();
+    REQUIRE(sent.size() == 5);
+    CHECK(sent[1].starts_with("seek mpeg to -"));
+    CHECK(sent[2] == "Play mpeg");
+    CHECK(world.media.playing());
+    CHECK(world.media.position() == before);
+    // The texts are those of the start, until the tick puts them right.
+    CHECK(form.trackPositionSeconds == 0);
+    CHECK(form.lblTimenow.Caption() == "-03:20");
+    CHECK(player.frmPlaylist().lblTitle.Caption() == "0 / 200");
+    simulated::advance(966);
+    CHECK(form.trackPositionSeconds.toDouble() * 1000 >= static_cast<double>(before));
+}
+
+TEST_CASE("a press on the thumb itself is no click on the strip") {
+    Player player;
+    playHalfway(player);
+    behaviour::pressOn(player.mainWindow(), player.frmPlayer().pctprogressbar);
+    CHECK(player.frmPlayer().mouseHeld == runtime::True16);
+    CHECK_FALSE(sought(commandsSent()));
+    simulated::release();
+}
+
+TEST_CASE("a click uses the length of the last tick") {
+    Player player;
+    playHalfway(player);
+    player.frmPlayer().trackLengthSeconds = 100;
+    simulated::click(player.mainWindow(), 180, 37);
+    CHECK(player.frmPlayer().trackPositionSeconds == runtime::Fixed(100 * (617.5 / 3220) + 100));
+}
+
+TEST_CASE("events that wait run in the middle of a click, before the seek goes out") {
+    Player player;
+    playHalfway(player);
+    simulated::post([] { simulated::note("in between"); });
+    simulated::clearLog();
+    simulated::pressAt(player.mainWindow(), 180, 37);
+    const auto& notes = simulated::log();
+    REQUIRE(notes.size() >= 3);
+    CHECK(notes[0] == "send status mpeg position");
+    CHECK(notes[1] == "in between");
+    CHECK(notes[2].starts_with("send seek"));
+    simulated::release();
+}

@@ -1,0 +1,236 @@
+#include "playback/text_helpers.h"
+#include "tests/behaviour/player.h"
+
+using behaviour::commandsSent;
+using behaviour::Player;
+using simulated::world;
+
+namespace {
+
+const std::vector<std::string> none;
+
+void checkQuietStart(Player& player) {
+    CHECK(world.messages.shown.empty());
+    CHECK(player.frmPlayer().lblTimenow.Visible());
+    CHECK(player.frmPlayer().pctprogressbar.Visible());
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+    CHECK(player.frmPlayer().Timer1.Enabled());
+    CHECK(player.status() == "Idle");
+}
+
+std::vector<std::string> playsOf(const std::vector<std::string>& commands) {
+    std::vector<std::string> plays;
+    for (const std::string& command : commands)
+        if (command.starts_with("play") || command.starts_with("Resume")) plays.push_back(command);
+    return plays;
+}
+
+} // namespace
+
+TEST_CASE("starting a track opens it for the main window and plays it") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+    CHECK(player.status() == "Playing");
+    CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
+    const std::string open = world.media.commands().front();
+    CHECK(open.find("parent " + std::to_string(player.mainWindow()) + " ") != std::string::npos);
+    CHECK(player.frmPlayer().Timer1.Enabled());
+    CHECK(player.frmPlayer().lblTimenow.Visible());
+}
+
+TEST_CASE("starting again while playing stops first and plays from the beginning") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+    simulated::advance(5000);
+    player.list().ListIndex(1);
+    world.media.forgetCommands();
+    player.frmPlayer().startfile();
+    const auto sent = commandsSent();
+    REQUIRE(sent.size() == 6);
+    CHECK(sent[0] == "Stop mpeg");
+    CHECK(sent[1] == "Close mpeg");
+    CHECK(sent[5] == "play mpeg from 1 to 200000");
+    CHECK(world.media.openPath() == "C:\\Music\\b.mp3");
+    CHECK(player.frmPlayer().seekOffset == 0);
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+    CHECK(player.frmPlayer().pctprogressbardown.Left() == 240);
+}
+
+TEST_CASE("play on an empty list with the dialog cancelled stays quiet") {
+    Player player;
+    player.start();
+    player.frmPlayer().pctprogressbar.Left(999);
+    world.dialogs.cancelFiles();
+    player.frmPlayer().startfile();
+    CHECK(world.dialogs.opened.size() == 1);
+    checkQuietStart(player);
+}
+
+TEST_CASE("play with entries and none selected stays quiet") {
+    Player player;
+    player.start();
+    player.addTracks({"C:\\Music\\a.mp3"});
+    player.frmPlayer().startfile();
+    CHECK(world.dialogs.opened.empty());
+    checkQuietStart(player);
+    CHECK(playsOf(commandsSent()) == none);
+}
+
+TEST_CASE("play on an empty list opens what is picked, twice over") {
+    Player player;
+    player.start();
+    world.media.addFile("C:\\Music\\a.mp3", 3000);
+    world.dialogs.pickFiles({"C:\\Music\\a.mp3"});
+    player.frmPlayer().startfile();
+    CHECK(player.status() == "Playing");
+    CHECK(player.list().ListCount() == 1);
+    CHECK(playsOf(commandsSent()) ==
+          std::vector<std::string>{"play mpeg from 1 to 3000", "play mpeg from 1 to 3000"});
+}
+
+TEST_CASE("a paused track resumes even when another entry has been selected since") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+    player.engine().PauseM();
+    player.frmPlayer().pctpausedown.Visible(true);
+    player.frmPlayer().pctprogressbar.Left(1000);
+    player.frmPlayer().seekOffset = 760;
+    player.list().ListIndex(1);
+    world.media.forgetCommands();
+    player.frmPlayer().startfile();
+    CHECK(commandsSent() == std::vector<std::string>{"Resume mpeg"});
+    CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 1000);
+    CHECK(player.frmPlayer().seekOffset == 760);
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("resuming lifts the pause keys of both windows") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    player.engine().PauseM();
+    player.frmPlayer().pctpausedown.Visible(true);
+    player.frmPlaylist().pctPlsPause.Visible(false);
+    player.frmPlaylist().pctPlsPauseDown.Visible(true);
+    player.frmPlayer().startfile();
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
+}
+
+TEST_CASE("starting from a stop leaves the pause keys as they are") {
+    Player player;
+    player.start();
+    player.addTracks({"C:\\Music\\a.mp3"});
+    player.list().ListIndex(0);
+    player.frmPlayer().pctpausedown.Visible(true);
+    player.frmPlayer().startfile();
+    CHECK(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("paused with an emptied list and the dialog confirmed, the picked track plays") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    player.engine().PauseM();
+    player.frmPlayer().pctpausedown.Visible(true);
+    player.list().Clear();
+    player.frmPlayer().trackCount = 0;
+    world.media.addFile("C:\\Music\\b.mp3", 3000);
+    world.dialogs.pickFiles({"C:\\Music\\b.mp3"});
+    world.media.forgetCommands();
+    player.frmPlayer().startfile();
+    // The start inside the dialog resumes; the outer one stops that and opens what was picked.
+    CHECK(playsOf(commandsSent()) ==
+          std::vector<std::string>{"Resume mpeg", "play mpeg from 1 to 3000"});
+    CHECK(world.media.openPath() == "C:\\Music\\b.mp3");
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("paused with an emptied list and the dialog cancelled, the stale path is tried again") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    player.engine().PauseM();
+    player.frmPlayer().pctpausedown.Visible(true);
+    player.list().Clear();
+    player.frmPlayer().trackCount = 0;
+    world.dialogs.cancelFiles();
+    player.frmPlayer().startfile();
+    // The selection is -1, so the subscript error ends it in silence, the pause keys untouched.
+    CHECK(world.messages.shown.empty());
+    CHECK(player.status() == "Paused");
+    CHECK(player.frmPlayer().pctpausedown.Visible());
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+}
+
+TEST_CASE("an error other than a missing entry is told with its number and words") {
+    Player player;
+    player.start();
+    player.addTracks({"C:\\Music\\a.mp3"});
+    player.list().ListIndex(0);
+    world.media.answer("status mpeg length", "99999999999");
+    player.frmPlayer().startfile();
+    REQUIRE(world.messages.shown.size() == 1);
+    CHECK(world.messages.shown[0].text == "Error: 6. Overflow");
+    CHECK(world.messages.shown[0].title == "Play");
+    CHECK(world.messages.shown[0].icon == platform::MessageIcon::None);
+    CHECK(player.status() == "Idle");
+    CHECK(player.frmPlayer().Timer1.Enabled());
+}
+
+TEST_CASE("a track that can't be opened is no error and leaves the player idle") {
+    Player player;
+    player.start();
+    player.addTracks({"C:\\Music\\a.mp3"});
+    player.list().ListIndex(0);
+    world.media.fail("open");
+    player.frmPlayer().startfile();
+    checkQuietStart(player);
+}
+
+TEST_CASE("the title of a track is what stands behind the last backslash") {
+    CHECK(fileTitleOf("C:\\Music\\a.mp3") == "a.mp3");
+    CHECK(fileTitleOf("a.mp3") == "a.mp3");
+    CHECK(fileTitleOf("C:\\Music\\").empty());
+    CHECK(fileTitleOf("C:/Music/a.mp3") == "C:/Music/a.mp3");
+    CHECK(fileTitleOf("").empty());
+}
+
+TEST_CASE("fields are cut off a line one by one until there is none left") {
+    std::string line = "ab*cd*";
+    CHECK(nextField(line, '*') == "ab");
+    CHECK(line == "cd*");
+    CHECK(nextField(line, '*') == "cd");
+    CHECK(line.empty());
+    CHECK_THROWS_AS(nextField(line, '*'), runtime::NumberedError);
+}
+
+TEST_CASE("a field may be empty") {
+    std::string line = "*x*";
+    CHECK(nextField(line, '*').empty());
+    CHECK(line == "x*");
+}
+
+TEST_CASE("a delimiter is found up to position 32767 and no further") {
+    std::string reachable = std::string(32766, 'x') + "*rest";
+    CHECK(nextField(reachable, '*').size() == 32766);
+    CHECK(reachable == "rest");
+    std::string tooFar = std::string(32767, 'x') + "*rest";
+    try {
+        nextField(tooFar, '*');
+        FAIL("the overflow is missing");
+    } catch (const runtime::NumberedError& error) {
+        CHECK(error.number == runtime::Overflow);
+    }
+}
+
+TEST_CASE("a line without the delimiter is an overflow") {
+    std::string line = "no end";
+    CHECK_THROWS_AS(nextField(line, '*'), runtime::NumberedError);
+}
+
+TEST_CASE("the track after the 32767th overflows the count") {
+    Player player;
+    player.start();
+    player.frmPlayer().trackCount = 32767;
+    CHECK_THROWS_AS(player.addTracks({"C:\\Music\\a.mp3"}), runtime::NumberedError);
+}

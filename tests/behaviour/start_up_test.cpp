@@ -1,0 +1,230 @@
+#include "tests/behaviour/player.h"
+
+#include <algorithm>
+
+using behaviour::Player;
+using simulated::world;
+
+namespace {
+
+/// Where a line stands in the log; the end if it isn't there.
+std::size_t placeOf(const std::string& line) {
+    const auto& log = simulated::log();
+    return static_cast<std::size_t>(std::find(log.begin(), log.end(), line) - log.begin());
+}
+
+std::string numbered(const char* what, platform::WindowHandle window) {
+    return std::string(what) + " window " + std::to_string(window);
+}
+
+} // namespace
+
+TEST_CASE("a second copy exits in silence and drops its file") {
+    Player player;
+    world.desktop.previousInstance = true;
+    world.media.addFile("C:\\a.mp3", 1000);
+    player.start("C:\\a.mp3");
+    CHECK(simulated::log().empty());
+    CHECK(world.windows.all.empty());
+    CHECK(player.program().engine == nullptr);
+}
+
+TEST_CASE("after the start the main window shows and the playlist hides, both shaped") {
+    Player player;
+    player.start();
+    CHECK(simulated::window(player.mainWindow()).visible);
+    CHECK_FALSE(simulated::window(player.playlistWindow()).visible);
+    CHECK(simulated::window(player.mainWindow()).shape.has_value());
+    CHECK(simulated::window(player.playlistWindow()).shape.has_value());
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(player.frmPlayer().Timer1.Enabled());
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("the main window shows, the volume is asked for, then both windows get their shapes") {
+    Player player;
+    player.start();
+    const std::size_t shown = placeOf(numbered("show", player.mainWindow()));
+    const std::size_t asked = placeOf("volume get 0");
+    const std::size_t mainShaped = placeOf(numbered("shape", player.mainWindow()));
+    const std::size_t playlistShaped = placeOf(numbered("shape", player.playlistWindow()));
+    CHECK(shown < asked);
+    CHECK(asked < mainShaped);
+    CHECK(mainShaped < playlistShaped);
+    CHECK(playlistShaped < simulated::log().size());
+    CHECK(placeOf(numbered("show", player.playlistWindow())) == simulated::log().size());
+}
+
+TEST_CASE("the tray icon is there before the main window and before the settings are read") {
+    Player player;
+    player.start();
+    const std::size_t tray = placeOf("tray 0");
+    const std::size_t settings = placeOf("read C:\\Orvan\\MyPlayerSettings.mps");
+    const std::size_t shown = placeOf(numbered("show", player.mainWindow()));
+    CHECK(placeOf("tray 1") < tray);
+    CHECK(tray < settings);
+    CHECK(settings < shown);
+    CHECK(shown < simulated::log().size());
+}
+
+TEST_CASE("both windows are 276 by 82 pixels") {
+    Player player;
+    player.start();
+    for (const auto window : {player.mainWindow(), player.playlistWindow()})
+        CHECK(simulated::window(window).size == platform::Size{276, 82});
+    CHECK(player.frmPlayer().window.Width() == 4140);
+    CHECK(player.frmPlaylist().window.Height() == 1230);
+}
+
+TEST_CASE("without settings the main window is centred and the playlist keeps its place") {
+    Player player;
+    player.start();
+    CHECK(player.frmPlayer().window.Left() == (1024 * 15 - 4140) / 2.0);
+    CHECK(player.frmPlayer().window.Top() == (768 * 15 - 1230) / 2.0);
+    CHECK(player.frmPlaylist().window.Left() == 7560);
+    CHECK(player.frmPlaylist().window.Top() == 6720);
+    CHECK(player.list().ListCount() == 0);
+    CHECK(player.list().ListIndex() == -1);
+}
+
+TEST_CASE("the work area is read once at the start") {
+    Player player;
+    world.desktop.workArea = {60, 30, 1000, 700};
+    player.start();
+    world.desktop.workArea = {0, 0, 640, 480};
+    simulated::advance(5000);
+    CHECK(player.program().workArea == platform::Rect{60, 30, 1000, 700});
+}
+
+TEST_CASE("the main window is round above and square below, the playlist the reverse") {
+    Player player;
+    player.start();
+    const auto mainHas = [&](int x, int y) {
+        return simulated::inShape(player.mainWindow(), x, y);
+    };
+    const auto listHas = [&](int x, int y) {
+        return simulated::inShape(player.playlistWindow(), x, y);
+    };
+    CHECK_FALSE(mainHas(0, 0));
+    CHECK_FALSE(mainHas(275, 0));
+    CHECK(mainHas(138, 0));
+    CHECK(mainHas(0, 15));
+    CHECK(mainHas(0, 81));
+    CHECK(mainHas(275, 81));
+    CHECK_FALSE(mainHas(276, 81));
+    CHECK_FALSE(mainHas(0, 82));
+    CHECK(listHas(0, 0));
+    CHECK(listHas(275, 0));
+    CHECK(listHas(0, 66));
+    CHECK_FALSE(listHas(0, 81));
+    CHECK_FALSE(listHas(275, 81));
+    CHECK(listHas(138, 81));
+}
+
+TEST_CASE("the corners are as wide as the screen has twips per pixel") {
+    Player player;
+    world.desktop.twipsPerPixelX = 12;
+    world.desktop.twipsPerPixelY = 12;
+    player.start();
+    // 4140 twips are 345 pixels here; the round strip is 12 pixels high, so row 12 is square.
+    CHECK_FALSE(simulated::inShape(player.mainWindow(), 0, 0));
+    CHECK(simulated::inShape(player.mainWindow(), 0, 12));
+    CHECK(simulated::inShape(player.mainWindow(), 344, 101));
+    CHECK_FALSE(simulated::inShape(player.mainWindow(), 345, 101));
+}
+
+TEST_CASE("a screen without twips per pixel is the fatal end") {
+    Player player;
+    world.desktop.twipsPerPixelX = 0;
+    const auto message = behaviour::fatalMessageOf([&] { player.program().Main(); });
+    REQUIRE(message);
+    CHECK(message->find("11: Division by zero") != std::string::npos);
+}
+
+TEST_CASE("an mp3 named on the command line is added, selected and played") {
+    const std::string tails[] = {"C:\\Music\\a.mp3", "C:\\Music\\B.MP3", "C:\\Music\\c d.Mp3"};
+    for (const std::string& tail : tails) {
+        CAPTURE(tail);
+        Player player;
+        world.media.addFile(tail, 3000);
+        player.start(tail);
+        CHECK(player.frmPlayer().trackCount == 1);
+        CHECK(player.frmPlayer().trackPaths[0] == tail);
+        CHECK(player.list().List(0) == tail.substr(9));
+        CHECK(player.list().ListIndex() == 0);
+        CHECK(player.status() == "Playing");
+        CHECK(player.frmPlayer().Timer1.Enabled());
+    }
+}
+
+TEST_CASE("a file from the command line plays before the main window shows") {
+    Player player;
+    world.media.addFile("C:\\a.mp3", 3000);
+    player.start("C:\\a.mp3");
+    CHECK(placeOf("send play mpeg from 1 to 3000") <
+          placeOf(numbered("show", player.mainWindow())));
+}
+
+TEST_CASE("a command line that doesn't end in mp3 is ignored") {
+    for (const char* tail :
+         {"C:\\Music\\a.wav", "\"C:\\Music\\a.mp3\"", "p3", "mp", "C:\\a.mp3 "}) {
+        CAPTURE(tail);
+        Player player;
+        player.start(tail);
+        CHECK(player.frmPlayer().trackCount == 0);
+        CHECK(player.list().ListCount() == 0);
+        CHECK(player.status() == "Idle");
+        CHECK_FALSE(player.frmPlayer().Timer1.Enabled());
+    }
+}
+
+TEST_CASE("several paths on the command line are one path, which fails in silence") {
+    Player player;
+    player.start("C:\\a.mp3 C:\\b.mp3");
+    CHECK(player.frmPlayer().trackCount == 1);
+    CHECK(player.frmPlayer().trackPaths[0] == "C:\\a.mp3 C:\\b.mp3");
+    CHECK(player.list().List(0) == "b.mp3");
+    CHECK(player.status() == "Idle");
+    CHECK(world.messages.shown.empty());
+    CHECK(player.frmPlayer().Timer1.Enabled());
+}
+
+TEST_CASE("a file from the command line goes behind the saved list, is selected and played") {
+    Player player;
+    world.files.addFile("C:\\Orvan\\MyPlayerSettings.mps",
+                        "3*0*0*C:\\x.mp3/C:\\y.mp3//*120*90*0*0**0*0*120*1320*\r\n");
+    world.media.addFile("C:\\a.mp3", 3000);
+    player.start("C:\\a.mp3");
+    CHECK(player.frmPlayer().trackCount == 3);
+    CHECK(player.list().List(0) == "x.mp3");
+    CHECK(player.list().List(2) == "a.mp3");
+    CHECK(player.list().ListIndex() == 2);
+    CHECK(world.media.openPath() == "C:\\a.mp3");
+}
+
+TEST_CASE("the volume thumb follows the device and not the settings") {
+    Player player;
+    world.files.addFile("C:\\Orvan\\MyPlayerSettings.mps",
+                        "3*16200*2500**120*90*0*0**0*0*120*1320*\r\n");
+    world.sound.devices = {{0U, 0}};
+    player.start();
+    CHECK(player.frmPlayer().pctvolume.Left() == 2400);
+    CHECK(player.frmPlayer().volumeThumbLeft == 2500);
+}
+
+TEST_CASE("every image has exactly the size of its bitmap") {
+    Player player;
+    player.start();
+    int images = 0;
+    for (toolkit::Form* form : {&player.frmPlayer().window, &player.frmPlaylist().window})
+        for (toolkit::Control* control : form->controls()) {
+            const auto* image = dynamic_cast<toolkit::Image*>(control);
+            if (image == nullptr) continue;
+            CAPTURE(image->name());
+            ++images;
+            const platform::Rect area = image->area();
+            CHECK(image->pictureSize() ==
+                  platform::Size{area.right - area.left, area.bottom - area.top});
+        }
+    CHECK(images == 39);
+}

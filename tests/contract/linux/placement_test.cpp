@@ -1,0 +1,176 @@
+#include "platform/system.h"
+#include "platform/window.h"
+#include "tests/contract/linux/real_pointer.h"
+#include "tests/contract/world.h"
+
+#include <doctest/doctest.h>
+
+#include <vector>
+
+using namespace platform;
+using contract::screenPixel;
+using contract::xdotool;
+
+namespace {
+
+constexpr Pixel colour = 0xFFCC6633U;
+
+struct Placed {
+    Picture picture{120, 80, colour};
+    std::vector<Point> told;
+    WindowHandle handle = 0;
+
+    explicit Placed(Point place) {
+        contract::parkPointer();
+        WindowOptions options;
+        options.title = "Placed";
+        options.position = place;
+        options.size = {120, 80};
+        WindowEvents events;
+        events.moved = [this](Point corner) { told.push_back(corner); };
+        events.paint = [this]() -> const Picture& { return picture; };
+        handle = createWindow(options, std::move(events));
+    }
+    Placed(const Placed&) = delete;
+    Placed& operator=(const Placed&) = delete;
+    ~Placed() { destroyWindow(handle); }
+};
+
+bool standsAt(Point corner) {
+    return contract::waitUntil([&] {
+        return screenPixel(corner) == colour && screenPixel({corner.x - 1, corner.y}) != colour &&
+               screenPixel({corner.x, corner.y - 1}) != colour &&
+               screenPixel({corner.x + 119, corner.y + 79}) == colour &&
+               screenPixel({corner.x + 120, corner.y + 79}) != colour;
+    });
+}
+
+} // namespace
+
+TEST_CASE("a window appears where it was asked to") {
+    const Placed placed({417, 333});
+    showWindow(placed.handle, true);
+    CHECK(standsAt({417, 333}));
+    contract::letPass(200);
+    CHECK(placed.told.empty());
+}
+
+TEST_CASE("a window that is hidden and shown again stays where it was") {
+    const Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    MoveWindow(placed.handle, 123, 321, 120, 80, true);
+    showWindow(placed.handle, false);
+    contract::letPass(100);
+    CHECK(screenPixel({124, 322}) != colour);
+    showWindow(placed.handle, true);
+    CHECK(standsAt({123, 321}));
+}
+
+TEST_CASE("a window that is moved while hidden appears at its new place") {
+    const Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    showWindow(placed.handle, false);
+    contract::letPass(100);
+    MoveWindow(placed.handle, 500, 400, 120, 80, true);
+    showWindow(placed.handle, true);
+    CHECK(standsAt({500, 400}));
+}
+
+TEST_CASE("a window may be moved off the screen, and be shown there") {
+    const Placed placed({-100, -40});
+    showWindow(placed.handle, true);
+    CHECK(contract::waitUntil([] { return screenPixel({19, 39}) == colour; }));
+    CHECK(screenPixel({20, 39}) != colour);
+    CHECK(screenPixel({19, 40}) != colour);
+    MoveWindow(placed.handle, -90, -60, 120, 80, true);
+    CHECK(contract::waitUntil([] { return screenPixel({29, 19}) == colour; }));
+    CHECK(contract::waitUntil([] { return screenPixel({29, 20}) != colour; }));
+    contract::letPass(200);
+    CHECK(placed.told == std::vector<Point>{{-90, -60}});
+}
+
+TEST_CASE("a fast drag tells each place once, and no old one afterwards") {
+    const Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    std::vector<Point> expected;
+    for (int step = 1; step <= 200; ++step) {
+        const Point corner{300 + step % 50, 200 + step};
+        MoveWindow(placed.handle, corner.x, corner.y, 120, 80, true);
+        expected.push_back(corner);
+        if (step % 7 == 0) platform::Sleep(1);
+        if (step % 3 == 0) contract::letPass(1);
+    }
+    CHECK(standsAt({300, 400}));
+    contract::letPass(300);
+    CHECK(placed.told == expected);
+}
+
+TEST_CASE("a move back to an older place is carried out, whatever echoes are under way") {
+    const Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    for (int round = 0; round < 20; ++round) {
+        MoveWindow(placed.handle, 310, 200, 120, 80, true);
+        MoveWindow(placed.handle, 320, 200, 120, 80, true);
+        contract::letPass(round % 5);
+        MoveWindow(placed.handle, 310, 200, 120, 80, true);
+    }
+    CHECK(standsAt({310, 200}));
+    contract::letPass(200);
+    CHECK(standsAt({310, 200}));
+}
+
+TEST_CASE("a move that the window manager makes is told") {
+    const Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    REQUIRE(xdotool("search --onlyvisible --name '^Placed$' windowmove 444 222"));
+    REQUIRE(contract::waitUntil([&] { return !placed.told.empty(); }));
+    CHECK(placed.told == std::vector<Point>{{444, 222}});
+    CHECK(standsAt({444, 222}));
+}
+
+TEST_CASE("a window takes its new size from a move") {
+    Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    placed.picture = Picture(150, 90, colour);
+    MoveWindow(placed.handle, 300, 200, 150, 90, true);
+    CHECK(contract::waitUntil([] { return screenPixel({449, 289}) == colour; }));
+    CHECK(screenPixel({450, 289}) != colour);
+    CHECK(screenPixel({449, 290}) != colour);
+}
+
+TEST_CASE("a window that the user has minimised comes back where it was when it is shown") {
+    const Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    REQUIRE(xdotool("search --onlyvisible --name '^Placed$' windowminimize"));
+    REQUIRE(contract::waitUntil([] { return screenPixel({300, 200}) != colour; }));
+    contract::letPass(100);
+    showWindow(placed.handle, true);
+    CHECK(standsAt({300, 200}));
+    contract::letPass(200);
+    CHECK(placed.told.empty());
+}
+
+TEST_CASE("showing a window that is shown brings it to the front") {
+    const Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    contract::letPass(200);
+    Picture dark(120, 80, 0xFF101010U);
+    WindowEvents events;
+    events.paint = [&]() -> const Picture& { return dark; };
+    const contract::Window other(std::move(events));
+    MoveWindow(other.handle, 310, 210, 120, 80, true);
+    showWindow(other.handle, true);
+    REQUIRE(contract::waitUntil([] { return screenPixel({320, 220}) == Pixel{0xFF101010U}; }));
+    contract::letPass(200);
+    showWindow(placed.handle, true);
+    CHECK(standsAt({300, 200}));
+    CHECK(contract::waitUntil([] { return screenPixel({320, 220}) == colour; }));
+}

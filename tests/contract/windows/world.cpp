@@ -1,0 +1,128 @@
+#include "tests/contract/world.h"
+
+#include "platform/desktop.h"
+#include "platform/windows/handles.h"
+#include "tests/contract/tone.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string_view>
+
+namespace contract {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path& folder() {
+    static const fs::path path =
+        fs::temp_directory_path() / ("orvan-contract-" + std::to_string(GetCurrentProcessId()));
+    return path;
+}
+
+void removeFolder() {
+    std::error_code ignored;
+    fs::remove_all(folder(), ignored);
+}
+
+void startPlatformOnce() {
+    static const bool started = [] {
+        static char name[] = "contract-windows";
+        static char* arguments[] = {name, nullptr};
+        std::atexit(removeFolder);
+        return platform::start(1, arguments);
+    }();
+    if (!started) std::exit(1);
+}
+
+fs::path pathOf(const std::string& name) {
+    const fs::path path = folder() / name;
+    fs::create_directories(path.parent_path());
+    return path;
+}
+
+/// Message boxes are dialogs of the system's own class.
+BOOL CALLBACK closeDialog(HWND window, LPARAM /*unused*/) {
+    wchar_t name[16] = {};
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    if (std::wstring_view(name) == L"#32770") PostMessageW(window, WM_COMMAND, IDOK, 0);
+    return TRUE;
+}
+
+} // namespace
+
+void startWorld() {
+    startPlatformOnce();
+    removeFolder();
+    fs::create_directories(folder());
+}
+
+std::string scratchFolder() { return folder().string(); }
+
+std::string makeFile(const std::string& name, const std::string& text) {
+    const fs::path path = pathOf(name);
+    std::ofstream(path, std::ios::binary) << text;
+    return path.string();
+}
+
+std::string makeHiddenFile(const std::string& name) {
+    std::string path = makeFile(name, "");
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_HIDDEN);
+    return path;
+}
+
+std::string makeFolder(const std::string& name) {
+    const fs::path path = pathOf(name);
+    fs::create_directories(path);
+    return path.string();
+}
+
+std::string makeWave(const std::string& name, int milliseconds) {
+    return makeFile(name, toneFile(static_cast<std::uint32_t>(milliseconds)));
+}
+
+bool waitUntil(const std::function<bool()>& condition) {
+    const std::uint64_t limit = clock() + 10'000;
+    while (!condition()) {
+        if (clock() > limit) return condition();
+        platform::yieldToEvents();
+        Sleep(1);
+    }
+    return true;
+}
+
+void letPass(int milliseconds) {
+    const std::uint64_t end = clock() + static_cast<std::uint64_t>(milliseconds);
+    while (clock() < end) {
+        platform::yieldToEvents();
+        Sleep(1);
+    }
+}
+
+std::uint64_t clock() { return GetTickCount64(); }
+
+void keepNextMenuOpen() {}
+void keepNextMessageOpen() {}
+
+void closeWhatIsOpen() {
+    EndMenu();
+    EnumThreadWindows(GetCurrentThreadId(), closeDialog, 0);
+}
+
+bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
+    const HWND handle = platform::windowOf(window);
+    if (IsWindowVisible(handle) == FALSE) return false;
+    RECT client = {};
+    GetClientRect(handle, &client);
+    const HRGN shape = CreateRectRgn(0, 0, 0, 0);
+    const bool cut = GetWindowRgn(handle, shape) != ERROR;
+    const bool inside =
+        cut ? PtInRegion(shape, x, y) != FALSE : PtInRect(&client, POINT{x, y}) != FALSE;
+    DeleteObject(shape);
+    return inside;
+}
+
+} // namespace contract

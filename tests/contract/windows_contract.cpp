@@ -1,0 +1,94 @@
+#include "platform/system.h"
+#include "platform/window.h"
+#include "tests/contract/world.h"
+
+#include <doctest/doctest.h>
+#include <vector>
+
+using namespace platform;
+
+TEST_CASE("a moved window is told its new corner before the call returns") {
+    std::vector<Point> told;
+    WindowEvents events;
+    events.moved = [&](Point corner) { told.push_back(corner); };
+    const contract::Window window(std::move(events));
+    showWindow(window.handle, true);
+    contract::letPass(50);
+    told.clear();
+    CHECK(MoveWindow(window.handle, 310, 220, 120, 80, true));
+    REQUIRE_FALSE(told.empty());
+    CHECK(told.back() == Point{310, 220});
+}
+
+TEST_CASE("a hidden window can be moved") {
+    std::vector<Point> told;
+    WindowEvents events;
+    events.moved = [&](Point corner) { told.push_back(corner); };
+    const contract::Window window(std::move(events));
+    CHECK(MoveWindow(window.handle, 30, 40, 120, 80, false));
+    REQUIRE_FALSE(told.empty());
+    CHECK(told.back() == Point{30, 40});
+}
+
+TEST_CASE("a shown window paints itself, and again for a request, however often it is asked") {
+    int paints = 0;
+    const Picture picture(120, 80, 0xFF336699U);
+    WindowEvents events;
+    events.paint = [&]() -> const Picture& {
+        ++paints;
+        return picture;
+    };
+    const contract::Window window(std::move(events));
+    contract::letPass(50);
+    CHECK(paints == 0);
+    showWindow(window.handle, true);
+    CHECK(contract::waitUntil([&] { return paints > 0; }));
+    contract::letPass(200);
+    const int before = paints;
+    requestPaint(window.handle);
+    requestPaint(window.handle);
+    requestPaint(window.handle);
+    CHECK(paints == before);
+    CHECK(contract::waitUntil([&] { return paints > before; }));
+    contract::letPass(50);
+    CHECK(paints == before + 1);
+}
+
+TEST_CASE("a modal window holds the call until it is hidden, and ticks go on") {
+    const contract::Window window;
+    int ticks = 0;
+    const contract::Timer timer(20, [&] {
+        if (++ticks >= 3) showWindow(window.handle, false);
+    });
+    showWindowModal(window.handle);
+    CHECK(ticks >= 3);
+}
+
+TEST_CASE("a modal window's call returns when the window is destroyed") {
+    WindowOptions options;
+    options.title = "Box";
+    options.frame = Frame::Dialog;
+    options.size = {120, 80};
+    const WindowHandle box = createWindow(options, WindowEvents());
+    int ticks = 0;
+    contract::Timer* self = nullptr;
+    contract::Timer timer(20, [&] {
+        ++ticks;
+        self->stop();
+        destroyWindow(box);
+    });
+    self = &timer;
+    showWindowModal(box);
+    CHECK(ticks == 1);
+}
+
+TEST_CASE("handles are never 0 and never shared") {
+    const contract::Window first;
+    const contract::Window second;
+    const WindowHandle hook = createHookWindow(first.handle, [](std::int32_t) {});
+    CHECK(first.handle != 0);
+    CHECK(hook != 0);
+    CHECK(first.handle != second.handle);
+    CHECK(hook != first.handle);
+    CHECK(hook != second.handle);
+}

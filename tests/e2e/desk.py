@@ -1,0 +1,142 @@
+"""The player's two windows on the desk, and a hand on the pointer and the keyboard.
+
+Places are the windows' top left corners in screen pixels, read back from the display.
+"""
+
+import subprocess
+import time
+
+from world import WINDOW, check, output_of, wait_until
+
+SETTINGS = "MyPlayerSettings.mps"
+GRIP = (100, 6)  # a bare place of both windows
+LIST_KEY = (255, 55)  # of the main window
+CROSS, MINIMISE = (268, 8), (251, 8)  # of both windows
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def settings_line(main, listing, docked=(0, 0), paths=()):
+    """A settings line with the windows at these places."""
+    names = "".join(str(path).replace("/", "\\") + "/" for path in paths)
+    names += "/" if names else ""
+    places = [side * 15 for side in (*main, *listing)]
+    return (f"3*0*0*{names}*{places[0]}*{places[1]}*0*0**{docked[0]}*{docked[1]}*"
+            f"{places[2]}*{places[3]}*")
+
+
+class Desk:
+    """A player that was started with its windows at these places, the playlist open."""
+
+    def __init__(self, world, main, listing, docked=(0, 0), paths=()):
+        self.world = world
+        world.stack.callback(xdotool, "mouseup", 1)
+        (world.folder / SETTINGS).write_text(settings_line(main, listing, docked, paths) + "\n")
+        self.begin(main)
+        self.open()
+        check(self.list() == listing, f"the playlist opens at {self.list()}, not {listing}")
+
+    def begin(self, main):
+        """Starts the player, the playlist closed."""
+        self.player = self.world.start()
+        self.main_number = self.player.face().number
+        self.list_number = None
+        check(self.main() == main, f"the main window opens at {self.main()}, not {main}")
+
+    def shown(self):
+        """The numbers of the windows on the screen, not of the tray's icon."""
+        return [window.number for window in self.player.windows() if window.size == WINDOW]
+
+    def place(self, number):
+        facts = output_of("xwininfo", "-id", number).decode()
+        side = {line.split(":")[0].strip(): line.split(":")[1] for line in facts.splitlines()
+                if line.strip().startswith("Absolute")}
+        return int(side["Absolute upper-left X"]), int(side["Absolute upper-left Y"])
+
+    def main(self):
+        return self.place(self.main_number)
+
+    def list(self):
+        return self.place(self.list_number)
+
+    def is_open(self):
+        return any(number != self.main_number for number in self.shown())
+
+    def click(self, number, place, *more):
+        left, top = self.place(number)
+        xdotool("mousemove", left + place[0], top + place[1], *(more or ("click", 1)))
+
+    def click_main(self, place, *more):
+        self.click(self.main_number, place, *more)
+
+    def click_list(self, place, *more):
+        self.click(self.list_number, place, *more)
+
+    def open(self):
+        self.click_main(LIST_KEY)
+        wait_until(self.is_open, "the playlist", self.player)
+        self.list_number = next(number for number in self.shown() if number != self.main_number)
+
+    def closed(self):
+        wait_until(lambda: not self.is_open(), "the playlist to go", self.player)
+
+    def take(self, number, grip):
+        """Presses the left button on a window's background."""
+        self.grip = grip
+        self.click(number, grip, "mousedown", 1)
+
+    def take_main(self, grip=GRIP):
+        self.take(self.main_number, grip)
+
+    def take_list(self, grip=GRIP):
+        self.take(self.list_number, grip)
+
+    def drag(self, place):
+        """Moves the pointer so that the held window would stand there if nothing pulled at it."""
+        xdotool("mousemove", place[0] + self.grip[0], place[1] + self.grip[1])
+
+    def release(self):
+        xdotool("mouseup", 1)
+
+    def stands(self, main=None, listing=None):
+        """Waits until the windows stand there, and makes sure that they stay."""
+        def there():
+            return ((main is None or self.main() == main) and
+                    (listing is None or self.list() == listing))
+
+        def where():
+            return f"main {self.main()}, list {self.list() if self.list_number else 'closed'}"
+
+        try:
+            wait_until(there, f"main {main}, list {listing}", self.player)
+        except AssertionError as error:
+            raise AssertionError(f"{error}; they stand: {where()}") from error
+        time.sleep(0.15)
+        check(there(), f"not for long: {where()}, not main {main}, list {listing}")
+
+    def drag_main(self, to):
+        """A whole drag of the main window alone, to where nothing pulls at it."""
+        self.take_main()
+        self.drag(to)
+        self.stands(main=to)
+        self.release()
+
+    def drag_list(self, to):
+        self.take_list()
+        self.drag(to)
+        self.stands(listing=to)
+        self.release()
+
+    def settings_at_exit(self):
+        """Quits by the main window's cross; the line that was saved."""
+        self.click_main(CROSS)
+        status = self.player.status()
+        check(status == 0, f"the player ended with {status}")
+        return (self.world.folder / SETTINGS).read_text().rstrip("\n")
+
+
+def inside(place):
+    """Whether a window at this place lies wholly on the screen."""
+    return 0 <= place[0] <= 1024 - WINDOW[0] and 0 <= place[1] <= 768 - WINDOW[1]

@@ -1,0 +1,257 @@
+"""The main window's face under a real pointer: keys, seek bar, volume slider and alarm, heard."""
+
+import array
+import glob
+import subprocess
+import sys
+
+from scenario import scenario
+from sessions import NEXT, PLAY, QUIT, SETTINGS, click, make_tones, save, settings_line, xdotool
+from world import Screenshot, check, hear, wait_until
+
+# Places inside the main window, pixels.
+STOP, PAUSE, ALARM = (64, 55), (144, 55), (225, 55)
+SET, MINUTE = (150, 24), (244, 24)
+VOLUME, STRIP_ROW, THUMB_ROW = (204, 61), 37, 36
+
+YELLOW, RED = (255, 255, 0), (255, 0, 0)
+
+# Of the seek bar, pixels.
+BAR_START, BAR_TRAVEL, HALF_THUMB = 16, 3220 / 15, 15.5
+
+# A tone that rises evenly, so that its pitch tells the place in the track.
+LENGTH = 40  # seconds
+LOWEST, HIGHEST = 300, 2300
+RISE = (HIGHEST - LOWEST) / LENGTH
+
+TICK = 0.966  # seconds
+
+
+def rising_tone(world):
+    wave, path = world.folder / "rising.wav", world.folder / "rising.mp3"
+    subprocess.run(["sox", "-n", "-r", str(hear.RATE), "-c", "2", "-b", "16", wave, "synth",
+                    str(LENGTH), "sine", f"{LOWEST}:{HIGHEST}", "gain", "-6"], check=True)
+    subprocess.run(["lame", "--quiet", wave, path], check=True)
+    return path
+
+
+def latest(ear, seconds=0.25):
+    """The left channel of the last moments, and the second at which they end."""
+    frames = ear.path.stat().st_size // 4
+    with open(ear.path, "rb") as file:
+        file.seek(max(0, frames - int(seconds * hear.RATE)) * 4)
+        raw = file.read(int(seconds * hear.RATE) * 4)
+    samples = array.array("h", raw[:len(raw) // 4 * 4])
+    if sys.byteorder == "big":
+        samples.byteswap()
+    return samples[0::2], frames / hear.RATE
+
+
+def pitch(samples):
+    """Frequency of a plain tone, from the time between its first and last rise through zero."""
+    rises = [i for i in range(1, len(samples)) if samples[i - 1] < 0 <= samples[i]]
+    check(len(rises) > 10, "there is no tone to measure")
+    return (len(rises) - 1) * hear.RATE / (rises[-1] - rises[0])
+
+
+def place_heard(ear):
+    """Where in the rising tone the player is, in seconds, and when that was heard."""
+    samples, when = latest(ear)
+    return (pitch(samples) - LOWEST) / RISE, when
+
+
+def silent(ear):
+    return hear.root_mean_square(latest(ear, 0.5)[0]) < hear.SILENT_BELOW
+
+
+def jump(before, after):
+    """How far the track went on beyond the time that passed."""
+    return (after[0] - before[0]) - (after[1] - before[1])
+
+
+def press(window, place, button=1):
+    xdotool("mousemove", window.left + place[0], window.top + place[1], "mousedown", button)
+
+
+def slide(window, start, by, steps=8):
+    """Drags from a place sideways; the last moves go nowhere, as things run one move behind."""
+    x, y = window.left + start[0], window.top + start[1]
+    xdotool("mousemove", x, y, "mousedown", 1, "sleep", 0.1)
+    for step in range(1, steps + 1):
+        xdotool("mousemove", x + round(by * step / steps), y, "sleep", 0.05)
+    for wobble in (1, 0, 1):
+        xdotool("mousemove", x + by, y + wobble, "sleep", 0.1)
+    xdotool("mouseup", 1)
+
+
+def playing(world):
+    """A player that plays the rising tone, its window and its recording."""
+    track = rising_tone(world)
+    ear = world.listen()
+    player = world.start(track)
+    window = player.face()
+    ear.hears(1.5, player)
+    return player, window, ear
+
+
+def with_tones(world):
+    """A player whose list holds three tones, the first of them playing."""
+    save(world, settings_line(make_tones(world, 20)))
+    ear = world.listen()
+    player = world.start()
+    window = player.face()
+    click(window, PLAY)
+    ear.hears(1.0, player)
+    check(abs(pitch(latest(ear)[0]) - 440) < 5, "the first track does not sound")
+    return player, window, ear
+
+
+def hears_tone(ear, player, hertz):
+    def sounds():
+        samples, _ = latest(ear)
+        loud = hear.root_mean_square(samples) >= hear.SILENT_BELOW
+        return loud and hear.is_tone(samples, hertz)
+    wait_until(sounds, f"a tone of {hertz} Hz", player)
+
+
+def open_panel(player, window):
+    """Opens the alarm panel, and waits for it: a player that still starts takes clicks late."""
+    click(window, ALARM)
+    # The word "Set" stands where nothing else does.
+    wait_until(lambda: YELLOW in pixels_of(window, 138, 16, 39, 17), "the panel", player)
+
+
+def pixels_of(window, left, top, width, height):
+    screen = Screenshot()
+    return [screen.at(window.left + left + x, window.top + top + y)
+            for y in range(height) for x in range(width)]
+
+
+@scenario("the pause key silences the track, and a second press lets it go on from there")
+def pause_and_resume(world):
+    player, window, ear = playing(world)
+    before, _ = place_heard(ear)
+    click(window, PAUSE)
+    wait_until(lambda: silent(ear), "silence", player)
+    check(ear.next(1.5).seconds() == 0.0, "it sounds during the pause")
+    click(window, PAUSE)
+    wait_until(lambda: not silent(ear), "the track to go on", player)
+    ear.next(0.5)
+    after, _ = place_heard(ear)
+    check(before < after < before + 3.0, f"it went on at {after:.2f} s, paused at {before:.2f} s")
+
+
+@scenario("the right button on the next key plays the next track")
+def next_with_the_right_button(world):
+    player, window, ear = with_tones(world)
+    xdotool("mousemove", window.left + NEXT[0], window.top + NEXT[1], "click", 3)
+    hears_tone(ear, player, 660)
+
+
+@scenario("a key that is released far outside the window acts all the same")
+def release_outside(world):
+    player, window, ear = with_tones(world)
+    press(window, NEXT)
+    xdotool("sleep", 0.5, "mousemove", 1000, 20, "sleep", 0.5)
+    check(hear.is_tone(latest(ear)[0], 440), "the press alone has acted")
+    xdotool("mouseup", 1)
+    hears_tone(ear, player, 660)
+    press(window, STOP)
+    xdotool("mousemove", 5, 5, "sleep", 0.3, "mouseup", 1)
+    wait_until(lambda: silent(ear), "the stop key's silence", player)
+
+
+@scenario("the thumb dragged to the middle takes the sound to the middle of the track")
+def drag_the_thumb(world):
+    player, window, ear = playing(world)
+    before = place_heard(ear)
+    thumb = BAR_START + before[0] / LENGTH * BAR_TRAVEL + HALF_THUMB
+    by = round(BAR_START + BAR_TRAVEL / 2 + HALF_THUMB - thumb)
+    slide(window, (round(thumb), THUMB_ROW), by)
+    ear.next(1.0)
+    after = place_heard(ear)
+    wanted = by / BAR_TRAVEL * LENGTH
+    check(abs(jump(before, after) - wanted) < 1.0,
+          f"it jumped by {jump(before, after):.2f} s instead of {wanted:.2f} s")
+    check(player.alive(), "the player ended")
+
+
+@scenario("a click on the strip takes the sound there")
+def click_the_strip(world):
+    player, window, ear = playing(world)
+    before = place_heard(ear)
+    click(window, (170, STRIP_ROW))
+    ear.next(1.0)
+    after = place_heard(ear)
+    # Measured from where the last tick has put the thumb.
+    wanted = (170 - HALF_THUMB - BAR_START) / BAR_TRAVEL * LENGTH - before[0]
+    check(-0.7 < jump(before, after) - wanted < TICK + 0.7,
+          f"it jumped by {jump(before, after):.2f} s instead of {wanted:.2f} s")
+    check(player.alive(), "the player ended")
+
+
+@scenario("the volume slider goes from silence to full sound, both channels alike")
+def drag_the_volume(world):
+    player, window, ear = playing(world)
+
+    def levels():
+        recording = ear.next(1.0)
+        check(recording.sounding, "nothing sounds")
+        return [hear.root_mean_square(channel) for channel in
+                recording.within(slice(recording.sounding[0].start, recording.sounding[-1].stop))]
+
+    full = levels()
+    slide(window, VOLUME, -20)
+    ear.next(0.5)
+    half = levels()
+    slide(window, (VOLUME[0] - 20, VOLUME[1]), -60)
+    wait_until(lambda: silent(ear), "silence at the lower stop", player)
+    check(ear.next(1.0).seconds() == 0.0, "it still sounds at the lower stop")
+    slide(window, (VOLUME[0] - 40, VOLUME[1]), 80)
+    ear.next(0.5)
+    again = levels()
+    for what, (left, right) in (("at first", full), ("half way", half), ("at the end", again)):
+        check(abs(left - right) < 0.03 * left, f"the channels differ {what}: {left}, {right}")
+    check(half[0] < 0.7 * full[0], f"half way is as loud: {half[0]} of {full[0]}")
+    check(abs(again[0] - full[0]) < 0.05 * full[0], f"full is {again[0]} after {full[0]}")
+
+
+@scenario("a minute key held for three seconds runs through most of an hour")
+def hold_the_minute(world):
+    player = world.start()
+    window = player.face()
+    open_panel(player, window)
+    press(window, MINUTE)
+    xdotool("sleep", 3)
+    held = pixels_of(window, 224, 16, 41, 17)
+    xdotool("mouseup", 1)
+    check(RED in held and YELLOW not in held, "the held label is not red")
+    wait_until(lambda: YELLOW in pixels_of(window, 224, 16, 41, 17), "its yellow", player)
+    click(window, QUIT)
+    check(player.status() == 0, f"the player ended with {player.status()}")
+    hour, minute = (world.folder / SETTINGS).read_text().split("*")[6:8]
+    check(hour == "0", f"the hour is {hour}")
+    # 32 ms a step at the end, and whatever a screen takes to show each.
+    check(20 <= int(minute) <= 56, f"the minute is {minute}")
+
+
+@scenario("an armed alarm starts the music at its time")
+def alarm(world):
+    faked = glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")
+    check(faked, "the library that fakes the clock is not installed")
+    save(world, settings_line([world.tone("morning.mp3", 440)]))
+    ear = world.listen()
+    player = world.start(LD_PRELOAD=faked[0], FAKETIME="@2026-03-01 00:01:40", TZ="UTC",
+                         FAKETIME_DONT_FAKE_MONOTONIC="1")
+    window = player.face()
+    open_panel(player, window)
+    for _ in range(2):  # to 00:02
+        # A press that is released at once steps nothing.
+        press(window, MINUTE)
+        xdotool("sleep", 0.15, "mouseup", 1, "sleep", 0.6)
+    click(window, SET)
+    check(ear.next(3.0).seconds() == 0.0, "it sounds before its time")
+    armed = ear.length()
+    hears_tone(ear, player, 440)
+    # It may come some seconds early, but not at once.
+    check(ear.length() - armed > 3.0, "it started at once")

@@ -1,0 +1,255 @@
+"""Whole sessions: a list plays through, and what a run leaves is what the next one finds."""
+
+import os
+import random
+import signal
+import subprocess
+import time
+
+from scenario import scenario
+from world import PATIENCE, check, hear, wait_until
+
+SETTINGS = "MyPlayerSettings.mps"
+LEFT, TOP = 150, 200  # the main window's place in the settings below, pixels
+
+# Places inside the main window, pixels.
+NEXT, PLAY, QUIT, REPEAT, BACKGROUND = (40, 55), (88, 55), (270, 10), (230, 28), (20, 72)
+
+TONES = {"one.mp3": 440, "two.mp3": 660, "three.mp3": 1000}
+SHORT = 1.5  # seconds
+LONGEST_GAP = 1.2  # seconds: the player looks at the clock every 966 ms
+
+
+def player_path(path):
+    """A path as the player writes it."""
+    return str(path).replace("/", "\\")
+
+
+def list_field(paths):
+    return "".join(player_path(path) + "/" for path in paths) + ("/" if paths else "")
+
+
+def settings_line(paths, left=LEFT * 15, top=TOP * 15, volume="0*0"):
+    return f"3*{volume}*{list_field(paths)}*{left}*{top}*0*0**0*0*7560*6720*"
+
+
+def save(world, line):
+    (world.folder / SETTINGS).write_text(line + "\n")
+
+
+def saved(world):
+    return (world.folder / SETTINGS).read_text()
+
+
+def make_tones(world, seconds=SHORT):
+    return [world.tone(name, hertz, seconds) for name, hertz in TONES.items()]
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+
+def click(window, place):
+    xdotool("mousemove", window.left + place[0], window.top + place[1], "click", 1)
+
+
+def drag(window, place, by):
+    x, y = window.left + place[0], window.top + place[1]
+    xdotool("mousemove", x, y, "mousedown", 1, "sleep", 0.1,
+            "mousemove", x + by[0] // 2, y + by[1] // 2, "sleep", 0.2,
+            "mousemove", x + by[0], y + by[1], "sleep", 0.2, "mouseup", 1)
+
+
+def start(world):
+    player = world.start()
+    window = player.face()
+    check((window.left, window.top) == (LEFT, TOP),
+          f"the window stands at {window.left}, {window.top}")
+    return player, window
+
+
+def tones_heard(ear):
+    """The tones in the order in which they sounded, each with its first and its last block."""
+    recording = ear.so_far()
+    heard = []
+    for block in recording.sounding:
+        samples = recording.channels["left"][block]
+        share, hertz = max((hear.power_at(samples, one), one) for one in TONES.values())
+        if share < 0.5:  # the encoder's faint echo behind a tone
+            continue
+        if heard and heard[-1][0] == hertz:
+            heard[-1][2] = block.stop
+        else:
+            heard.append([hertz, block.start, block.stop])
+    return heard
+
+
+def check_tones(heard, expected):
+    check([tone[0] for tone in heard] == expected, f"heard {heard}, not {expected}")
+    for before, after in zip(heard, heard[1:]):
+        gap = (after[1] - before[2]) / hear.RATE
+        check(gap < LONGEST_GAP, f"{gap:.1f} s of silence between {before[0]} and {after[0]} Hz")
+
+
+@scenario("a saved list plays through, one track after another, and stops after the last")
+def plays_a_list_through(world):
+    save(world, settings_line(make_tones(world)))
+    ear = world.listen()
+    player, window = start(world)
+    check(ear.next(1.0).seconds() == 0.0, "it plays before it is told to")
+    click(window, PLAY)
+    wait_until(lambda: len(tones_heard(ear)) >= 3, "three tones", player)
+    # Longer than a track and a gap: a fourth would have sounded.
+    ear.next(SHORT + 2.5)
+    heard = tones_heard(ear)
+    check_tones(heard, list(TONES.values()))
+    for tone in heard:
+        length = (tone[2] - tone[1]) / hear.RATE
+        check(SHORT - 0.3 <= length <= SHORT + 0.3, f"{tone[0]} Hz sounds for {length:.1f} s")
+    check(player.alive(), "the player ended with its list")
+
+
+@scenario("with repeat the first track follows the last")
+def repeats_a_list(world):
+    save(world, settings_line(make_tones(world)))
+    ear = world.listen()
+    player, window = start(world)
+    click(window, REPEAT)
+    click(window, PLAY)
+    wait_until(lambda: len(tones_heard(ear)) >= 5, "five tones", player)
+    heard = tones_heard(ear)[:5]
+    check_tones(heard, [440, 660, 1000, 440, 660])
+
+
+@scenario("quitting in the middle saves list and place, and the next start brings them back")
+def keeps_its_state(world):
+    tones = make_tones(world, 20)
+    # Not as the player writes it, so that the line must be its own afterwards.
+    save(world, settings_line(tones, left=f"{LEFT * 15}.0", volume="016200.50*+2500"))
+    ear = world.listen()
+    player, window = start(world)
+    click(window, PLAY)
+    ear.hears(1.0, player)
+    drag(window, BACKGROUND, (67, 41))
+    moved = (LEFT + 67, TOP + 41)
+    window = wait_until(
+        lambda: next((face for face in player.windows() if (face.left, face.top) == moved), None),
+        f"the window at {moved}", player)
+    click(window, QUIT)
+    check(player.status() == 0, f"the player ended with {player.status()}")
+    check(ear.next(1.5).seconds() <= 0.5, "it still sounds")
+    expected = settings_line(tones, moved[0] * 15, moved[1] * 15, "16200.5*2500") + "\n"
+    check(saved(world) == expected, f"saved {saved(world)!r}, not {expected!r}")
+
+    second = world.start()
+    window = second.face()
+    check((window.left, window.top) == moved, f"it is back at {window.left}, {window.top}")
+    before = ear.length()
+    click(window, NEXT)
+    ear.hears(1.0, second)
+    heard = [tone for tone in tones_heard(ear) if tone[2] > before * hear.RATE]
+    check([tone[0] for tone in heard] == [660], f"next to the first track comes {heard}")
+    click(window, QUIT)
+    check(second.status() == 0, f"the player ended with {second.status()}")
+    check(saved(world) == expected, f"saved {saved(world)!r}, not {expected!r}")
+
+
+@scenario("under a locale with a comma the settings are read and written with commas")
+def comma_locale(world):
+    subprocess.run(["localedef", "-i", "de_DE", "-f", "UTF-8", world.folder / "de_DE.UTF-8"],
+                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    line = settings_line([], volume="1234,5*2500")
+    save(world, line.replace("*3000*", "*3000,0*"))
+    player = world.start(LC_ALL="de_DE.UTF-8", LOCPATH=str(world.folder))
+    click(player.face(), QUIT)
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+    check(saved(world) == line + "\n", f"saved {saved(world)!r}")
+
+
+def ended_by(world, end, **changes):
+    """Ends a running player this way, and checks that it has saved."""
+    save(world, settings_line([], volume="0.0*0"))
+    player = world.start(**changes)
+    end(player, player.face())
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+    check(saved(world) == settings_line([]) + "\n", f"saved {saved(world)!r}")
+
+
+@scenario("every signal that asks the player to end has it save first")
+def ending_signals(world):
+    for number in (signal.SIGTERM, signal.SIGINT, signal.SIGHUP):
+        ended_by(world, lambda player, window: player.process.send_signal(number))
+
+
+@scenario("the window manager closing the main window has the player save and end")
+def closed_by_the_window_manager(world):
+    def close(player, window):
+        xdotool("windowfocus", "--sync", window.number, "key", "alt+F4")
+    ended_by(world, close)
+
+
+@scenario("a signal while the open dialog waits has the player save and end")
+def ended_in_a_dialog(world):
+    def end(player, window):
+        click(window, PLAY)
+        wait_until(lambda: len(player.windows()) == 2, "the open dialog", player)
+        player.process.send_signal(signal.SIGTERM)
+    ended_by(world, end)
+
+
+@scenario("a signal while a message waits has the player save and end")
+def ended_in_a_message(world):
+    def end(player, window):
+        player.dialog("Blah - Error")
+        player.process.send_signal(signal.SIGTERM)
+    ended_by(world, end, PULSE_SERVER=f"unix:{world.folder}/nobody")
+
+
+@scenario("a settings line that can't be read ends the player with a message that names the file")
+def unreadable_settings(world):
+    line = settings_line([]).replace("*3000*", "*rubbish*")
+    save(world, line)
+    player = world.start()
+    box = player.dialog("Orvan Music Player")
+    xdotool("windowfocus", "--sync", box.number, "key", "Return")
+    check(player.status() == 1, f"the player ended with {player.status()}")
+    check("13: Type mismatch" in player.words(), f"it said: {player.words()!r}")
+    check(str(world.folder / SETTINGS) in player.words(), f"it said: {player.words()!r}")
+    check(saved(world) == line + "\n", "the line was overwritten")
+
+
+@scenario("a player killed while it quits leaves the old settings or the new ones, whole")
+def killed_while_quitting(world):
+    # A long list, so that writing it takes a while.
+    tracks = [f"/music/{number:03}/{'x' * 80}.mp3" for number in range(300)]
+    old, new = settings_line(tracks, volume="0.00*0") + "\n", settings_line(tracks) + "\n"
+
+    def quit_and_kill(delay):
+        """Kills so many seconds after the player was asked to end; the time that it took."""
+        save(world, old.rstrip("\n"))
+        player, _ = start(world)
+        asked = time.monotonic()
+        player.process.send_signal(signal.SIGTERM)
+        if delay is None:
+            player.status()
+        else:
+            time.sleep(delay)
+            player.process.kill()
+            player.process.wait(PATIENCE)
+        taken = time.monotonic() - asked
+        text = saved(world)
+        check(text in (old, new), f"killed {delay} s after the signal it left: {text[:200]!r}")
+        return text, taken
+
+    text, taken = quit_and_kill(None)
+    check(text == new, "left to itself it did not save")
+    rounds = 24
+    # The settings are written early on the way out, so the kills come closer together there.
+    delays = [taken * (step / rounds) ** 2 for step in range(rounds)]
+    random.Random(1).shuffle(delays)
+    left = [quit_and_kill(delay)[0] for delay in delays]
+    kept = left.count(old)
+    print(f"quitting takes {1000 * taken:.0f} ms; {kept} kills of {rounds} left the old settings")
+    check(kept > 0, "no kill came before the new settings")
+    strays = [name for name in os.listdir(world.folder) if name.startswith(SETTINGS + ".")]
+    check(len(strays) <= rounds, f"stray files: {strays}")

@@ -1,0 +1,413 @@
+"""The player on the desktop: its open key and dialogs, the tray, the menus and the about box."""
+
+import os
+import signal
+import subprocess
+import time
+
+from scenario import scenario
+from sessions import (NEXT, PLAY, QUIT, click, list_field, player_path, save, saved, settings_line,
+                      start, tones_heard, xdotool)
+from world import Screenshot, check, output_of, wait_until
+
+OPEN, MINIMISE, PLAYLIST, STOP = (110, 55), (252, 8), (255, 55), (65, 55)
+OPEN_TITLE = "Open File - Orvan Music Player"
+FOLDER_TITLE = "Browse for folder"
+ABOUT_TITLE = "About Orvan Music Player"
+ABOUT_SIZE = (297, 223)
+CLOSE = (148, 204)  # the about box's button
+
+# The about box's viewport: left, top, right, bottom.
+VIEWPORT = (8, 56, 289, 185)
+SCROLL = 400 / 15  # pixels a second
+
+
+def numbers(player):
+    return {window.number for window in player.windows()}
+
+
+def wait_for_another(player, before, what):
+    """The window that the player shows besides those before."""
+    return wait_until(lambda: next((window for window in player.windows()
+                                    if window.number not in before), None), what, player)
+
+
+def wait_for_only(player, before, what):
+    wait_until(lambda: numbers(player) == before, what, player)
+
+
+def wait_until_gone(player, window, what):
+    wait_until(lambda: window.number not in numbers(player), what, player)
+
+
+def press_open_key(player, window):
+    """Opens the open key's menu."""
+    before = numbers(player)
+    click(window, OPEN)
+    wait_for_another(player, before, "the open key's menu")
+
+
+def open_dialog(player, window, letter, title):
+    """Opens a dialog by the open key and this letter, with the keyboard in it."""
+    press_open_key(player, window)
+    xdotool("key", letter)
+    dialog = player.dialog(title)
+    xdotool("windowfocus", "--sync", dialog.number)
+    return dialog
+
+
+def answer(player, dialog, text):
+    """Types into a dialog and confirms it."""
+    xdotool("type", "--delay", 20, text)
+    xdotool("key", "Return")
+    wait_until_gone(player, dialog, "the dialog to close")
+
+
+def escape(player, dialog):
+    xdotool("windowfocus", "--sync", dialog.number, "key", "Escape")
+    wait_until_gone(player, dialog, "the dialog to close")
+
+
+def quit_player(player, window):
+    click(window, QUIT)
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+
+
+def saved_list(world):
+    """The track list as it stands in the settings file."""
+    return (world.folder / "MyPlayerSettings.mps").read_bytes().split(b"*")[3]
+
+
+def start_with(world, paths=()):
+    save(world, settings_line(paths))
+    return start(world)
+
+
+@scenario("a name typed into the open dialog plays")
+def opens_a_file(world):
+    tone = world.tone("my tone.mp3")
+    ear = world.listen()
+    player, window = start_with(world)
+    dialog = open_dialog(player, window, "f", OPEN_TITLE)
+    answer(player, dialog, tone)
+    ear.hears(1.0, player)
+    check(ear.so_far().tone_in("left", 440), "it is not the tone of the file")
+    quit_player(player, window)
+    check(saved_list(world).decode() == list_field([tone]), f"saved {saved(world)!r}")
+    folder = player_path(world.folder) + "\\"
+    check(saved(world).split("*")[8] == folder, f"saved {saved(world)!r}, not {folder!r}")
+
+
+@scenario("several names typed into the open dialog are added, and the first of them plays")
+def opens_several_files(world):
+    first = world.tone("two  blanks.mp3", 660)
+    second = world.tone("second.MP3", 1000)
+    ear = world.listen()
+    player, window = start_with(world)
+    dialog = open_dialog(player, window, "f", OPEN_TITLE)
+    answer(player, dialog, f'"{first.name}" "{second.name}"')
+    ear.hears(1.0, player)
+    check(ear.so_far().tone_in("left", 660), "it is not the tone of the first file")
+    click(window, NEXT)
+    wait_until(lambda: [tone[0] for tone in tones_heard(ear)] == [660, 1000], "both tones", player)
+    quit_player(player, window)
+    check(saved_list(world).decode() == list_field([first, second]), f"saved {saved(world)!r}")
+    folder = player_path(world.folder)
+    check(saved(world).split("*")[8] == folder, f"saved {saved(world)!r}, not {folder!r}")
+
+
+@scenario("the clock and the windows stay alive while the open dialog is up")
+def alive_during_the_dialog(world):
+    ear = world.listen()
+    player, window = start_with(world, [world.tone("one.mp3"), world.tone("two.mp3", 660)])
+    click(window, PLAY)
+    ear.hears(0.5, player)
+    dialog = open_dialog(player, window, "f", OPEN_TITLE)
+    click(window, NEXT)
+    wait_until(lambda: [tone[0] for tone in tones_heard(ear)] == [440, 660],
+               "the next track while the dialog is up", player)
+    click(window, STOP)
+    escape(player, dialog)
+    quit_player(player, window)
+
+
+@scenario("a directory is added with all below it, and nothing plays")
+def opens_a_directory(world):
+    top = world.folder / "my music"
+    (top / "b child" / "grandchild").mkdir(parents=True)
+    (top / "A child").mkdir()
+    tone = world.tone("tone.mp3").read_bytes()
+    expected = [top / "1.MP3", top / "A child" / "2.mp3", top / "b child" / "3.mp3",
+                top / "b child" / "grandchild" / "4.mp3"]
+    for path in expected + [top / ".hidden.mp3", top / "5.wav", top / "b child" / "6.mp3.txt"]:
+        path.write_bytes(tone)
+    (top / "b child" / "loop").symlink_to(top)
+    (top / "b child" / "once more").symlink_to(top / "A child")
+    ear = world.listen()
+    player, window = start_with(world)
+    dialog = open_dialog(player, window, "d", FOLDER_TITLE)
+    answer(player, dialog, top)
+    check(ear.next(2.0).seconds() == 0.0, "something plays")
+    quit_player(player, window)
+    check(saved_list(world).decode() == list_field(expected), f"saved {saved(world)!r}")
+
+
+@scenario("Escape closes the open key's menu and both dialogs, and nothing is added")
+def escapes(world):
+    player, window = start_with(world)
+    before = numbers(player)
+    press_open_key(player, window)
+    xdotool("key", "Escape")
+    wait_for_only(player, before, "the menu to close")
+    for letter, title in (("f", OPEN_TITLE), ("d", FOLDER_TITLE)):
+        escape(player, open_dialog(player, window, letter, title))
+        wait_for_only(player, before, "the main window alone")
+    press_open_key(player, window)
+    xdotool("mousemove", 900, 100, "click", 1)
+    wait_for_only(player, before, "a click elsewhere to close the menu")
+    quit_player(player, window)
+    check(saved_list(world) == b"", f"saved {saved(world)!r}")
+
+
+class Tray:
+    """A tray with the player's icon in it."""
+
+    def __init__(self, world):
+        process = subprocess.Popen(
+            ["trayer", "--edge", "bottom", "--align", "right", "--widthtype", "pixel", "--width",
+             "160", "--heighttype", "pixel", "--height", "30", "--expand", "false"],
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        world.stack.callback(world.end, process)
+        wait_until(lambda: b'"panel"' in output_of("xwininfo", "-root", "-tree"), "the tray")
+
+    def icon(self, player):
+        """The middle of the icon, once it is there."""
+        def place():
+            lines = output_of("xwininfo", "-root", "-tree").decode(errors="replace").splitlines()
+            for panel, line in enumerate(lines):
+                if '"panel"' not in line:
+                    continue
+                for child in lines[panel + 1:panel + 4]:
+                    words = child.split()
+                    if words and words[-1].startswith("+") and "x" in words[-2]:
+                        width, height = (int(side) for side in words[-2].split("+")[0].split("x"))
+                        left, top = (int(corner) for corner in words[-1][1:].split("+"))
+                        return left + width // 2, top + height // 2
+            return None
+        return wait_until(place, "the tray icon", player)
+
+    def click(self, player, button=1, times=1):
+        x, y = self.icon(player)
+        xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 80, button)
+
+    def choose(self, player, *keys):
+        """Opens the tray menu and types these keys into it."""
+        before = numbers(player)
+        self.click(player, button=3)
+        wait_for_another(player, before, "the tray menu")
+        for key in keys:
+            xdotool("key", key, "sleep", 0.2)
+
+
+MAXIMIZED = ("Down", "Return")
+OPEN_FILE = ("Down", "Down", "Right", "Return")
+OPEN_DIRECTORY = ("Down", "Down", "Right", "Down", "Return")
+MENU_PLAY = ("Down", "Down", "Down", "Right", "Return")
+MENU_STOP = ("Down", "Down", "Down", "Right", "Down", "Return")
+MENU_NEXT = ("Down", "Down", "Down", "Right", "Down", "Down", "Return")
+ABOUT = ("Up", "Up", "Return")
+EXIT = ("Up", "Return")
+
+
+@scenario("a double click on the tray icon brings the hidden window back, a single one does not")
+def restores_from_the_tray(world):
+    tray = Tray(world)
+    player, window = start_with(world)
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the window to hide")
+    tray.click(player)
+    time.sleep(1.0)  # longer than a double click may take
+    check(window.number not in numbers(player), "a single click brought the window back")
+    tray.click(player, times=2)
+    again = player.face()
+    check((again.left, again.top) == (window.left, window.top),
+          f"the window is back at {again.left}, {again.top}")
+    quit_player(player, again)
+
+
+@scenario("every entry of the tray menu does its work, and the last one ends the player")
+def tray_menu(world):
+    tray = Tray(world)
+    ear = world.listen()
+    tones = [world.tone("one.mp3"), world.tone("two.mp3", 660)]
+    player, window = start_with(world, tones)
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the window to hide")
+    tray.choose(player, *MAXIMIZED)
+    player.face()
+    for keys, title in ((OPEN_FILE, OPEN_TITLE), (OPEN_DIRECTORY, FOLDER_TITLE)):
+        tray.choose(player, *keys)
+        escape(player, player.dialog(title))
+    tray.choose(player, *MENU_PLAY)
+    wait_until(lambda: [tone[0] for tone in tones_heard(ear)] == [440], "the first track", player)
+    tray.choose(player, *MENU_NEXT)
+    wait_until(lambda: [tone[0] for tone in tones_heard(ear)] == [440, 660], "the next", player)
+    tray.choose(player, *MENU_STOP)
+    wait_until(lambda: ear.next(1.0).seconds() == 0.0, "silence", player)
+    tray.choose(player, *ABOUT)
+    about = player.dialog(ABOUT_TITLE)
+    click(about, CLOSE)
+    wait_until_gone(player, about, "the about box to close")
+    tray.choose(player, *EXIT)
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+    check(saved_list(world).decode() == list_field(tones), f"saved {saved(world)!r}")
+
+
+def is_blue(colour):
+    return colour[2] > 150 and colour[0] < 110 and colour[1] < 110
+
+
+def blue_rows(screen, window):
+    """The rows of the about box's viewport with letters, and a check that none are outside."""
+    left, top, right, bottom = VIEWPORT
+    inside = [y for y in range(top, bottom)
+              if any(is_blue(screen.at(window.left + x, window.top + y))
+                     for x in range(left, right))]
+    for y in range(window.size[1]):
+        for x in range(window.size[0]):
+            if not (left <= x < right and top <= y < bottom):
+                pixel = screen.at(window.left + x, window.top + y)
+                check(pixel != (0, 0, 255), f"a letter shows outside the viewport at {x}, {y}")
+    return inside
+
+
+def look(about):
+    """The first row with letters, none if there are none, and between which instants it was so."""
+    begun = time.monotonic()
+    screen = Screenshot()
+    ended = time.monotonic()
+    return next(iter(blue_rows(screen, about)), None), begun, ended
+
+
+@scenario("the about box's credits scroll up by 400 twips a second inside their viewport")
+def about_box(world):
+    tray = Tray(world)
+    player, window = start_with(world)
+    tray.choose(player, *ABOUT)
+    about = player.dialog(ABOUT_TITLE)
+    check(about.size == ABOUT_SIZE, f"its size is {about.size}")
+    check(abs(about.left - (1024 - 297) // 2) <= 8, f"its left edge is {about.left}")
+    check(abs(about.top - (768 - 223) // 2) <= 40, f"its top edge is {about.top}")
+    first = wait_until(lambda: next((seen for seen in [look(about)] if seen[0] is not None), None),
+                       "the first line of the credits", player)
+    time.sleep(max(0.0, first[1] + 2.0 - time.monotonic()))
+    second = look(about)
+    check(second[0] is not None, "the credits have gone")
+    moved = first[0] - second[0]
+    least, most = (second[1] - first[2]) * SCROLL, (second[2] - first[1]) * SCROLL
+    # A busy machine may drop ticks, but never adds any.
+    check(0.8 * least - 3 <= moved <= most + 3,
+          f"the credits moved {moved} pixels, not {least:.0f} to {most:.0f}")
+    # The main window takes no input meanwhile.
+    click(window, MINIMISE)
+    time.sleep(0.5)
+    check(window.number in numbers(player), "the main window took a click")
+    xdotool("windowfocus", "--sync", about.number, "key", "alt+c")
+    wait_until_gone(player, about, "Alt+C to close the box")
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the main window to take a click again")
+    # Shown while the main window is hidden too, and closed by its own close box.
+    tray.choose(player, *ABOUT)
+    about = player.dialog(ABOUT_TITLE)
+    xdotool("windowfocus", "--sync", about.number, "key", "alt+F4")
+    wait_until_gone(player, about, "the close box to close it")
+    check(player.alive(), "the player ended with the about box")
+    tray.choose(player, *EXIT)
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+
+
+@scenario("a signal while the about box is open has the player save and end")
+def ended_in_the_about_box(world):
+    tray = Tray(world)
+    player, _ = start_with(world)
+    (world.folder / "MyPlayerSettings.mps").unlink()
+    tray.choose(player, *ABOUT)
+    player.dialog(ABOUT_TITLE)
+    player.process.send_signal(signal.SIGTERM)
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+    check(saved(world) == settings_line([]) + "\n", f"saved {saved(world)!r}")
+
+
+ODD_NAMES = [
+    b" two  blanks .mp3", b'"quoted".mp3', b"it's.mp3", "ümläut.mp3".encode(),
+    "u\u0308 apart.mp3".encode(), "音乐.mp3".encode(), "🎵.mp3".encode(), b"a*b?.mp3",
+    b"back\\slash.mp3", b"new\nline.mp3", b"no utf-8 \xff\xfe\xc3.mp3", b"\xed\xa0\x80.mp3",
+    "\uf02a stands for itself.mp3".encode(),
+]
+HERTZ = [440, 660, 1000]
+
+
+def host_path(text):
+    """The bytes of a path that the player wrote."""
+    path = b""
+    for character in text.decode():
+        byte = ord(character) - 0xF000
+        if character == "\\":
+            path += b"/"
+        elif 0x80 <= byte <= 0xFF or 0 < byte < 0x20 or byte in (0x2A, 0x5C):
+            path += bytes([byte])
+        else:
+            path += character.encode()
+    return path
+
+
+def saved_paths(world):
+    return [host_path(path) for path in saved_list(world).split(b"/") if path]
+
+
+@scenario("files with odd names are added, shown, played, saved and loaded byte for byte")
+def odd_names(world):
+    top = bytes(world.folder / "odd")
+    os.mkdir(top)
+    tones = [world.tone(f"{hertz}.mp3", hertz, 6).read_bytes() for hertz in HERTZ]
+    pitch = {}
+    for place, name in enumerate(ODD_NAMES):
+        pitch[top + b"/" + name] = HERTZ[place % 3]
+        with open(top + b"/" + name, "wb") as file:
+            file.write(tones[place % 3])
+    player, window = start_with(world)
+    dialog = open_dialog(player, window, "d", FOLDER_TITLE)
+    answer(player, dialog, world.folder / "odd")
+    quit_player(player, window)
+    paths = saved_paths(world)
+    check(sorted(paths) == sorted(pitch), f"saved {saved_list(world)!r}")
+    line = saved(world)
+
+    ear = world.listen()
+    player, window = start(world)
+    check_rows(player, window)
+    click(window, PLAY)
+    for place, path in enumerate(paths):
+        if place:
+            click(window, NEXT)
+        before = ear.length()
+        hertz = pitch[path]
+        wait_until(lambda: ear.next(0.4).tone_in("left", hertz), f"{hertz} Hz of {path!r}", player)
+    quit_player(player, window)
+    check(saved(world) == line, f"saved {saved(world)!r}, not {line!r}")
+
+
+def check_rows(player, window):
+    """The playlist shows text in each of its three rows."""
+    before = numbers(player)
+    click(window, PLAYLIST)
+    playlist = wait_for_another(player, before, "the playlist")
+
+    def all_written():
+        screen = Screenshot()
+        return all(any(sum(screen.at(playlist.left + x, playlist.top + y)) > 300
+                       for x in range(10, 250) for y in range(24 + 13 * row, 24 + 13 * row + 13))
+                   for row in range(3))
+    wait_until(all_written, "text in all rows", player)
+    click(window, PLAYLIST)
+    wait_for_only(player, before, "the playlist to hide")

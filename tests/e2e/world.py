@@ -1,0 +1,192 @@
+"""What the scenarios act with: the player as a user runs it, its windows, the screen, the sound.
+
+Every wait is for a condition, with a limit that only a broken player or machine reaches.
+"""
+
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests" / "desktop"))
+import hear  # noqa: E402
+
+PATIENCE = 60
+SCREEN = (1024, 768)
+ROOT_COLOUR = (0x33, 0x66, 0x77)
+WINDOW = (276, 82)
+
+
+def check(condition, message):
+    """A scenario's claim; unlike an assertion it cannot be switched off."""
+    if not condition:
+        raise AssertionError(message)
+
+
+def wait_until(condition, what, player=None):
+    """Waits for a condition, and gives its value."""
+    deadline = time.monotonic() + PATIENCE
+    while True:
+        value = condition()
+        if value:
+            return value
+        if player is not None and player.process.poll() is not None:
+            raise AssertionError(f"the player ended before: {what}")
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {PATIENCE} s in vain for: {what}")
+        time.sleep(0.05)
+
+
+def output_of(*command):
+    """What a command prints; empty when it fails, as a search without a result does."""
+    run = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+    return run.stdout if run.returncode == 0 else b""
+
+
+class Window:
+    def __init__(self, number):
+        self.number = number
+        facts = dict(line.strip().rsplit(": ", 1)
+                     for line in output_of("xwininfo", "-id", number).decode().splitlines()
+                     if ": " in line and not line.startswith("xwininfo"))
+        self.left = int(facts.get("Absolute upper-left X", "0"))
+        self.top = int(facts.get("Absolute upper-left Y", "0"))
+        self.size = (int(facts.get("Width", "0")), int(facts.get("Height", "0")))
+
+    def title(self):
+        return output_of("xdotool", "getwindowname", self.number).decode().strip()
+
+
+class Screenshot:
+    """The whole screen's pixels at one moment."""
+
+    def __init__(self):
+        self.pixels = output_of("import", "-window", "root", "-depth", "8", "rgb:-")
+        check(len(self.pixels) == 3 * SCREEN[0] * SCREEN[1], "the screenshot is not the screen")
+
+    def at(self, x, y):
+        place = 3 * (y * SCREEN[0] + x)
+        return tuple(self.pixels[place:place + 3])
+
+    def is_root(self, x, y):
+        return self.at(x, y) == ROOT_COLOUR
+
+
+class Player:
+    """The shipped program, started as a user starts it, from a folder of its own."""
+
+    def __init__(self, folder, *arguments, **changes):
+        environment = {name: value for name, value in {**os.environ, **changes}.items()
+                       if value is not None}
+        self.log = pathlib.Path(folder) / "player.log"
+        with open(self.log, "ab") as log:
+            self.process = subprocess.Popen(
+                [str(pathlib.Path(folder) / "orvan"), *map(str, arguments)],
+                cwd=folder, env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+
+    def windows(self):
+        numbers = output_of("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid))
+        return [Window(number.decode()) for number in numbers.split()]
+
+    def face(self):
+        """The main window, once it is on the screen."""
+        return wait_until(
+            lambda: next((window for window in self.windows() if window.size == WINDOW), None),
+            "the player's window", self)
+
+    def dialog(self, title):
+        """A window with this title, once it is on the screen."""
+        return wait_until(
+            lambda: next((window for window in self.windows() if window.title() == title), None),
+            f"a window with the title '{title}'", self)
+
+    def alive(self):
+        return self.process.poll() is None
+
+    def status(self):
+        """The exit status, once it has ended."""
+        return self.process.wait(PATIENCE)
+
+    def words(self):
+        return self.log.read_text(errors="replace")
+
+
+class Ear:
+    """Records what the desktop's sound server plays, from its making on."""
+
+    def __init__(self, folder):
+        self.path = pathlib.Path(folder) / "sound.raw"
+        with open(self.path, "wb") as file:
+            self.process = subprocess.Popen(
+                ["parec", "--device=out.monitor", "--format=s16le", f"--rate={hear.RATE}",
+                 "--channels=2", "--latency-msec=20"], stdout=file)
+        wait_until(lambda: self.path.stat().st_size > 0, "the recorder's first sample")
+
+    def so_far(self):
+        return hear.Recording(self.path)
+
+    def length(self):
+        """Seconds recorded, sound or not."""
+        return self.path.stat().st_size / (4 * hear.RATE)
+
+    def hears(self, seconds, player):
+        """Waits for that much more sound."""
+        before = self.so_far().seconds()
+        wait_until(lambda: self.so_far().seconds() >= before + seconds, f"{seconds} s of sound",
+                   player)
+
+    def next(self, seconds):
+        """The recording of the next seconds, sound or not."""
+        start = self.length()
+        wait_until(lambda: self.length() >= start + seconds, "the recorder to go on")
+        recording = self.so_far()
+        recording.sounding = [block for block in recording.sounding
+                              if block.start >= start * hear.RATE]
+        return recording
+
+
+class World:
+    """A scenario's own folder, and all that it started, which ends with it."""
+
+    def __init__(self, program):
+        self.program = program
+        self.stack = contextlib.ExitStack()
+        self.folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory()))
+        self.players = []
+
+    def start(self, *arguments, **changes):
+        if not (self.folder / "orvan").exists():
+            shutil.copy2(self.program, self.folder / "orvan")
+        player = Player(self.folder, *arguments, **changes)
+        self.players.append(player)
+        self.stack.callback(self.end, player.process)
+        return player
+
+    def listen(self):
+        ear = Ear(self.folder)
+        self.stack.callback(self.end, ear.process)
+        return ear
+
+    def tone(self, name, hertz=440, seconds=20):
+        """An MP3 file with a tone in both channels."""
+        wave = self.folder / "tone.wav"
+        path = self.folder / name
+        subprocess.run(["sox", "-n", "-r", str(hear.RATE), "-c", "2", "-b", "16", wave, "synth",
+                        str(seconds), "sine", str(hertz), "gain", "-6"], check=True)
+        subprocess.run(["lame", "--quiet", wave, path], check=True)
+        wave.unlink()
+        return path
+
+    @staticmethod
+    def end(process):
+        if process.poll() is None:
+            process.kill()
+        process.wait()
+
+    def close(self):
+        self.stack.close()

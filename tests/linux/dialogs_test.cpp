@@ -1,0 +1,244 @@
+#include "platform/linux/paths.h"
+#include "platform/shell.h"
+#include "tests/linux/temporary_folder.h"
+
+#include <doctest/doctest.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QStringList>
+#include <QTimer>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+
+using namespace std::string_literals;
+using platform::fromHost;
+
+namespace {
+
+/// Acts on the next file dialog as soon as it shows; `acted` tells that it did.
+class WhenDialogShows {
+  public:
+    explicit WhenDialogShows(std::function<void(QFileDialog&)> action)
+        : action_(std::move(action)) {
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { look(); });
+        timer_.start(5);
+    }
+    [[nodiscard]] bool acted() const { return acted_; }
+    [[nodiscard]] int ticks() const { return ticks_; }
+
+  private:
+    void look() {
+        ++ticks_;
+        constexpr int enoughToProveThatTicksGoOn = 3;
+        if (acted_ || ticks_ < enoughToProveThatTicksGoOn) return;
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* dialog = qobject_cast<QFileDialog*>(widget);
+            if (dialog == nullptr || !dialog->isVisible()) continue;
+            acted_ = true;
+            return action_(*dialog);
+        }
+    }
+
+    QTimer timer_;
+    std::function<void(QFileDialog&)> action_;
+    int ticks_ = 0;
+    bool acted_ = false;
+};
+
+/// Types into the dialog's name box and confirms.
+void type(QFileDialog& dialog, const std::string& text) {
+    auto* box = dialog.findChild<QLineEdit*>("fileNameEdit");
+    REQUIRE(box != nullptr);
+    box->setText(QString::fromStdString(text));
+    QMetaObject::invokeMethod(&dialog, "accept");
+}
+
+/// An open dialog as the player asks for one.
+struct OpenDialog {
+    std::string buffer = std::string(16384, '#');
+    std::string title = std::string(16384, '#');
+    std::string folder;
+    platform::OPENFILENAME record;
+
+    explicit OpenDialog(const TemporaryFolder& initial) : folder(fromHost(initial.path())) {
+        record.lpstrFilter = "Supported audio\0*.MP3;*.wav;\0\0";
+        record.lpstrFile = buffer.data();
+        record.nMaxFile = static_cast<std::uint32_t>(buffer.size());
+        record.lpstrFileTitle = title.data();
+        record.nMaxFileTitle = static_cast<std::uint32_t>(title.size());
+        record.lpstrInitialDir = folder.c_str();
+        record.lpstrTitle = "Open File";
+        record.Flags = platform::OFN_EXPLORER | platform::OFN_ALLOWMULTISELECT;
+    }
+
+    /// Runs the dialog, with something done to it.
+    bool run(const std::function<void(QFileDialog&)>& action) {
+        const WhenDialogShows user(action);
+        const bool confirmed = platform::GetOpenFileNameA(&record);
+        CHECK(user.acted());
+        return confirmed;
+    }
+    [[nodiscard]] std::string withoutFill() const {
+        return buffer.substr(0, buffer.find_last_not_of('\0') + 1);
+    }
+};
+
+void makeMusic(const TemporaryFolder& folder) {
+    for (const char* name : {"a.mp3", "b c.MP3", "d.Wav", "notes.txt"})
+        writeHostFile(folder / name, "x");
+    writeHostFile(folder.makeFolder("sub") + "/e.mp3", "x");
+}
+
+} // namespace
+
+TEST_CASE("the open dialog gives the one file that was named") {
+    const TemporaryFolder folder;
+    makeMusic(folder);
+    OpenDialog open(folder);
+    CHECK(open.run([](QFileDialog& dialog) { type(dialog, "b c.MP3"); }));
+    CHECK(open.withoutFill() == fromHost(folder / "b c.MP3"));
+    CHECK(open.title.c_str() == "b c.MP3"s);
+    CHECK(open.record.nFileOffset == open.folder.size() + 1);
+    CHECK(open.buffer.size() == 16384);
+}
+
+TEST_CASE("the open dialog gives several files as their folder and their names") {
+    const TemporaryFolder folder;
+    makeMusic(folder);
+    OpenDialog open(folder);
+    CHECK(open.run([](QFileDialog& dialog) { type(dialog, "\"d.Wav\" \"a.mp3\""); }));
+    CHECK(open.withoutFill() == open.folder + "\0d.Wav\0a.mp3"s);
+}
+
+TEST_CASE("the open dialog takes one file only when it isn't asked for several") {
+    const TemporaryFolder folder;
+    makeMusic(folder);
+    OpenDialog open(folder);
+    open.record.Flags = platform::OFN_EXPLORER;
+    CHECK_FALSE(open.run([](QFileDialog& dialog) {
+        CHECK(dialog.fileMode() == QFileDialog::ExistingFile);
+        dialog.reject();
+    }));
+}
+
+TEST_CASE("a cancelled open dialog leaves the buffers alone") {
+    const TemporaryFolder folder;
+    OpenDialog open(folder);
+    CHECK_FALSE(open.run([](QFileDialog& dialog) { dialog.reject(); }));
+    CHECK(open.buffer == std::string(16384, '#'));
+    CHECK(open.title == std::string(16384, '#'));
+}
+
+TEST_CASE("a closed open dialog counts as cancelled") {
+    const TemporaryFolder folder;
+    OpenDialog open(folder);
+    CHECK_FALSE(open.run([](QFileDialog& dialog) { dialog.close(); }));
+}
+
+TEST_CASE("a selection that doesn't fit the buffer counts as cancelled") {
+    const TemporaryFolder folder;
+    makeMusic(folder);
+    OpenDialog open(folder);
+    open.record.nMaxFile = static_cast<std::uint32_t>(open.folder.size() + 6); // a.mp3, but no nul
+    CHECK_FALSE(open.run([](QFileDialog& dialog) { type(dialog, "a.mp3"); }));
+    CHECK(open.buffer == std::string(16384, '#'));
+}
+
+TEST_CASE("the open dialog disables no window and lets timers tick") {
+    const TemporaryFolder folder;
+    OpenDialog open(folder);
+    open.run([](QFileDialog& dialog) {
+        CHECK(dialog.windowModality() == Qt::NonModal);
+        CHECK_FALSE(dialog.isModal());
+        CHECK(dialog.parentWidget() == nullptr);
+        dialog.reject();
+    });
+}
+
+TEST_CASE("the open dialog has the title, the folder and the file types asked for") {
+    const TemporaryFolder folder;
+    makeMusic(folder);
+    OpenDialog open(folder);
+    open.run([&](QFileDialog& dialog) {
+        CHECK(dialog.windowTitle() == "Open File");
+        CHECK(dialog.directory().absolutePath().toStdString() == folder.path());
+        CHECK(dialog.nameFilters() == QStringList("Supported audio (*.[mM][pP]3 *.[wW][aA][vV])"));
+        CHECK(dialog.selectedNameFilter() == "Supported audio");
+        dialog.reject();
+    });
+}
+
+TEST_CASE("an initial folder that is gone is no reason not to open") {
+    const TemporaryFolder folder;
+    OpenDialog open(folder);
+    open.record.lpstrInitialDir = "\\no\\such\\folder";
+    CHECK_FALSE(open.run([](QFileDialog& dialog) { dialog.reject(); }));
+    open.record.lpstrInitialDir = nullptr;
+    open.record.lpstrTitle = nullptr;
+    open.record.lpstrFilter = nullptr;
+    open.record.lpstrFileTitle = nullptr;
+    CHECK_FALSE(open.run([](QFileDialog& dialog) { dialog.reject(); }));
+}
+
+TEST_CASE("the folder dialog gives the path of the folder that was named") {
+    const TemporaryFolder folder;
+    makeMusic(folder);
+    const WhenDialogShows user([&](QFileDialog& dialog) {
+        CHECK(dialog.windowTitle() == "Browse for folder");
+        CHECK(dialog.fileMode() == QFileDialog::Directory);
+        type(dialog, folder / "sub");
+    });
+    platform::BROWSEINFO record;
+    record.lpszTitle = "Browse for folder";
+    const std::int32_t item = platform::SHBrowseForFolder(&record);
+    REQUIRE(item != 0);
+    std::string path(260, ' ');
+    CHECK(platform::SHGetPathFromIDList(item, path.data()));
+    CHECK(path.c_str() == fromHost(folder / "sub"));
+}
+
+TEST_CASE("the root keeps its separator in the folder dialog's answer") {
+    const WhenDialogShows user([](QFileDialog& dialog) { type(dialog, "/"); });
+    platform::BROWSEINFO record;
+    std::string path(260, ' ');
+    CHECK(platform::SHGetPathFromIDList(platform::SHBrowseForFolder(&record), path.data()));
+    CHECK(path.c_str() == "\\"s);
+}
+
+TEST_CASE("a cancelled folder dialog gives no item") {
+    const WhenDialogShows user([](QFileDialog& dialog) { dialog.reject(); });
+    platform::BROWSEINFO record;
+    CHECK(platform::SHBrowseForFolder(&record) == 0);
+}
+
+TEST_CASE("a folder whose path is too long for its buffer reads as none") {
+    const TemporaryFolder folder;
+    const std::string deep = folder.makeFolder(std::string(150, 'x') + '/' + std::string(150, 'y'));
+    const WhenDialogShows user([&](QFileDialog& dialog) { type(dialog, deep); });
+    platform::BROWSEINFO record;
+    const std::int32_t item = platform::SHBrowseForFolder(&record);
+    REQUIRE(item != 0);
+    std::string path(260, ' ');
+    CHECK_FALSE(platform::SHGetPathFromIDList(item, path.data()));
+    CHECK(path[0] == '\0');
+}
+
+TEST_CASE("an item that no dialog gave has no path") {
+    std::string path(260, ' ');
+    CHECK_FALSE(platform::SHGetPathFromIDList(0, path.data()));
+    CHECK_FALSE(platform::SHGetPathFromIDList(12345, path.data()));
+    CHECK_FALSE(platform::SHGetPathFromIDList(-1, path.data()));
+}
+
+TEST_CASE("without a tray no icon is added, changed or removed") {
+    platform::NOTIFYICONDATA record;
+    record.uID = 1;
+    CHECK_FALSE(platform::Shell_NotifyIconA(platform::NIM_MODIFY, &record));
+    CHECK_FALSE(platform::Shell_NotifyIconA(platform::NIM_ADD, &record));
+    CHECK_FALSE(platform::Shell_NotifyIconA(platform::NIM_MODIFY, &record));
+    CHECK_FALSE(platform::Shell_NotifyIconA(platform::NIM_DELETE, &record));
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace sound_test {
+
+/// A whole file decoded by the library alone, left and right in turns.
+std::vector<std::int16_t> decodeByMpg123(const std::string& path);
+
+/// Frames that libsndfile gives when a file is read to its end.
+std::int64_t framesBySndfile(const std::string& path);
+
+} // namespace sound_test

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace sound_test {
+
+/// A sound server of this process's own, with one output that swallows what it plays. The player's
+/// calls reach it, and no other.
+class SoundServer {
+  public:
+    enum class Begin { Running, Absent };
+
+    explicit SoundServer(Begin begin = Begin::Running);
+    ~SoundServer();
+    SoundServer(const SoundServer&) = delete;
+    SoundServer& operator=(const SoundServer&) = delete;
+
+    /// Returns when it answers.
+    void start();
+    void kill();
+    void freeze();
+    void thaw();
+
+    /// Runs pactl with these words against the server. Its output.
+    std::string control(const std::string& words) const;
+
+  private:
+    std::string folder_;
+    pid_t process_ = 0;
+};
+
+/// Waits for a condition, 20 seconds at most. Whether it came to hold.
+bool waitUntil(const std::function<bool()>& condition);
+
+/// Records what the server's output plays, from the construction on: 44100 frames a second, left
+/// and right in turns.
+class Recording {
+  public:
+    Recording();
+    ~Recording();
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+
+    /// Waits until some sound and then half a second of silence have come in, and ends it.
+    std::vector<std::int16_t> finish();
+
+  private:
+    std::string path_;
+    pid_t process_ = 0;
+};
+
+/// A stretch of a recording without silence of more than `gap` frames in it.
+struct Stretch {
+    std::size_t start = 0; ///< frames
+    std::size_t end = 0;
+    [[nodiscard]] std::size_t frames() const { return end - start; }
+};
+std::vector<Stretch> stretchesOf(const std::vector<std::int16_t>& samples, std::size_t gap);
+
+/// The frequency of one channel of a stretch, by its zero crossings.
+double frequencyOf(const std::vector<std::int16_t>& samples, Stretch stretch, int channel);
+
+/// Root mean square of one channel of a stretch.
+double levelOf(const std::vector<std::int16_t>& samples, Stretch stretch, int channel);
+
+} // namespace sound_test

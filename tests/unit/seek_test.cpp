@@ -1,0 +1,55 @@
+#include "mainwindow/seek.h"
+#include "tests/unit/error_of.h"
+
+#include <cmath>
+#include <doctest/doctest.h>
+
+using runtime::Fixed;
+
+TEST_CASE("three moves of the seek thumb on a short and on a very long track") {
+    struct Row {
+        int length;
+        double pressPosition;
+        int pressLeft;
+        int travel;
+        double offset;
+        double left; ///< one decimal place
+        double position;
+    };
+    // The device stands still at the position of the press; each row starts from the row before.
+    const Row rows[] = {
+        {200, 47.2, 1000, 150, 150, 1000, 56.5168},
+        {200, 47.2, 1000, 300, 299.4213, 1150, 65.7976},
+        {200, 47.2, 1000, 450, 448.8449, 1299.4, 75.0786},
+        {6000, 1000, 777, 150, 150, 777, 1279.5031},
+        {6000, 1000, 777, 300, -220.8132, 927, 588.5468},
+        {6000, 1000, 777, 450, 1216.683, 556.2, 3267.1112},
+    };
+    Fixed position;
+    for (const Row& row : rows) {
+        CAPTURE(row.length);
+        CAPTURE(row.travel);
+        const Fixed pressed(row.pressPosition);
+        if (row.travel == 150) position = pressed;
+        const Fixed offset = seek::dragOffset(row.travel, row.length, position, pressed);
+        const float left = seek::draggedLeft(position, pressed, row.length, row.pressLeft);
+        position = seek::soughtPosition(row.length, offset,
+                                        static_cast<int>(std::lround(row.pressPosition * 1000)));
+        CHECK(offset == Fixed(row.offset));
+        CHECK(std::fabs(static_cast<double>(left) - row.left) < 0.05);
+        CHECK(position == Fixed(row.position));
+    }
+}
+
+TEST_CASE("a thumb is never limited to its bar") {
+    CHECK(seek::draggedLeft(Fixed(400), Fixed(0), Fixed(200), 240) == 6680.0F);
+    CHECK(seek::draggedLeft(Fixed(-200), Fixed(0), Fixed(200), 240) == -2980.0F);
+    CHECK(seek::soughtPosition(Fixed(200), Fixed(-6440), 100'000) == Fixed(-300));
+}
+
+TEST_CASE("a track without length can't be dragged through") {
+    CHECK(errorOf([] { seek::draggedLeft(Fixed(1), Fixed(0), Fixed(0), 240); }) ==
+          runtime::DivisionByZero);
+    CHECK(errorOf([] { seek::draggedLeft(Fixed(1), Fixed(1), Fixed(0), 240); }) ==
+          runtime::Overflow);
+}

@@ -1,0 +1,36 @@
+#include "mainwindow/volume.h"
+#include "playback/volume_words.h"
+
+#include <doctest/doctest.h>
+
+TEST_CASE("each place of the volume thumb has its level and its word") {
+    struct Row {
+        float left;
+        double level;
+        std::uint32_t word;
+    };
+    const Row rows[] = {
+        {2400, 0, 0x00000000U},     {2415, 810, 0x06540654U},   {2700, 16200, 0x7E907E90U},
+        {2985, 31590, 0xF6CCF6CEU}, {3000, 32400, 0xFD20FD22U},
+    };
+    for (const Row& row : rows) {
+        CAPTURE(row.left);
+        CHECK(volume::levelOf(row.left) == row.level);
+        CHECK(volume::safeWord(volume::wordOf(row.level)) == row.word);
+    }
+    CHECK(volume::safeWord(volume::wordOf(volume::StopLevel)) == 0xFFFEFFFFU);
+    CHECK(volume::safeWord(volume::wordOf(16384)) == 0x80008002U);
+}
+
+TEST_CASE("one pixel of travel is 810 levels, and both channels stay within two of each other") {
+    for (int pixel = 0; pixel <= 40; ++pixel) {
+        CAPTURE(pixel);
+        const double level = volume::levelOf(2400.0F + 15.0F * static_cast<float>(pixel));
+        CHECK(level == 810 * pixel);
+        const std::uint32_t word = volume::wordOf(level);
+        const std::uint32_t left = word & 0xFFFFU;
+        const std::uint32_t right = word >> 16U;
+        CHECK(left - right <= 2);
+        CHECK((left == 2 * static_cast<std::uint32_t>(level) || left == right + 2));
+    }
+}
