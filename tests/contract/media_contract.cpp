@@ -180,7 +180,7 @@ TEST_CASE("unknown words are refused") {
          {"", "   ", "mpeg", "juggle mpeg", "status mpeg", "status mpeg weight", "seek mpeg",
           "seek mpeg to", "seek mpeg to x", "seek mpeg to 1x", "play mpeg from", "play mpeg at 5",
           "set mpeg time format bananas", "stop mpeg now", "stop"}) {
-        CAPTURE(command);
+        CAPTURE(std::string(command));
         CHECK(send(command) != 0);
     }
 }
@@ -199,7 +199,7 @@ TEST_CASE("a closed device refuses everything but open") {
     CHECK(ask("status mpeg position") == "error");
     for (const char* command : {"play mpeg", "Pause mpeg", "Resume mpeg", "Stop mpeg", "Close mpeg",
                                 "seek mpeg to 1", "set mpeg time format frames"}) {
-        CAPTURE(command);
+        CAPTURE(std::string(command));
         CHECK(send(command) != 0);
     }
 }

@@ -32,6 +32,7 @@ void startPlatformOnce() {
     static const bool started = [] {
         static char name[] = "contract-windows";
         static char* arguments[] = {name, nullptr};
+        folder(); // made before the promise to remove it, so that it is still there then
         std::atexit(removeFolder);
         return platform::start(1, arguments);
     }();

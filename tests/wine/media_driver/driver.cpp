@@ -117,6 +117,8 @@ LRESULT play(const Message& message, Device& device) {
 }
 
 LRESULT seek(const Message& message, Device& device) {
+    if ((message.flags & (MCI_TO | MCI_SEEK_TO_START | MCI_SEEK_TO_END)) == 0)
+        return MCIERR_MISSING_PARAMETER;
     const auto& wanted = message.as<MCI_SEEK_PARMS>();
     const DWORD length = message.length();
     DWORD place = 0;
