@@ -10,12 +10,14 @@
 #include <digitalv.h>
 #include <mmddk.h>
 
+#include <algorithm>
 #include <optional>
 #include <unordered_map>
 
 namespace {
 
 struct Device {
+    ULONGLONG due = 0; // of GetTickCount64: when the play in progress ends, if nothing holds it up
     bool playing = false;
     DWORD end = 0;                 // ms: where the play in progress ends
     DWORD latest = 0;              // ms: the position last told in this play
@@ -61,6 +63,7 @@ struct Message {
     }
 
     DWORD length() const { return status(MCI_STATUS_LENGTH); }
+    DWORD position() const { return status(MCI_STATUS_POSITION); }
     bool hasStopped() const { return LOWORD(status(MCI_STATUS_MODE)) == MCI_MODE_STOP; }
 };
 
@@ -83,14 +86,32 @@ LRESULT set(const Message& message) {
     return message.send(MCI_SET, message.flags, parameters);
 }
 
-/// Takes note of an end that has sounded since it was last looked at.
-void noticeEnd(const Message& message, Device& device) {
-    if (!device.playing || !message.hasStopped()) return;
-    device.playing = false;
-    device.standing = device.end;
-    // Wine's driver would stop the next play at once if it weren't told to stop after an end.
+/// Wine's driver would stop the next play at once if it weren't told to stop after an end.
+void stopForGood(const Message& message) {
     MCI_GENERIC_PARMS nothing = {};
     message.send(MCI_STOP, MCI_WAIT, nothing);
+}
+
+/// Wine's driver stops some plays soon after they have begun: they go on where they were.
+void startAgain(const Message& message, const Device& device) {
+    stopForGood(message);
+    MCI_DGV_PLAY_PARMS parameters = {};
+    parameters.dwFrom = device.latest;
+    parameters.dwTo = device.end;
+    message.send(MCI_PLAY, MCI_FROM | MCI_TO, parameters);
+}
+
+/// Takes note of an end that has sounded since it was last looked at.
+void noticeEnd(const Message& message, Device& device) {
+    constexpr ULONGLONG early = 250; // ms: what the two clocks may differ, and more
+    if (!device.playing || !message.hasStopped()) return;
+    if (GetTickCount64() + early < device.due) {
+        startAgain(message, device);
+        return;
+    }
+    device.playing = false;
+    device.standing = device.end;
+    stopForGood(message);
 }
 
 LRESULT play(const Message& message, Device& device) {
@@ -107,11 +128,13 @@ LRESULT play(const Message& message, Device& device) {
         flags |= MCI_FROM;
         parameters.dwFrom = *device.standing;
     }
+    const DWORD start = (flags & MCI_FROM) != 0 ? parameters.dwFrom : message.position();
     const LRESULT result = message.send(MCI_PLAY, flags, parameters);
     if (result != 0) return result;
     device.playing = true;
     device.end = (flags & MCI_TO) != 0 ? parameters.dwTo : length;
-    device.latest = 0;
+    device.latest = start;
+    device.due = GetTickCount64() + (device.end - std::min(start, device.end));
     device.standing.reset();
     return result;
 }
@@ -143,8 +166,11 @@ LRESULT halt(const Message& message, Device& device) {
 }
 
 LRESULT resume(const Message& message, Device& device) {
+    const DWORD start = message.position();
     const LRESULT result = message.passOn();
-    if (result == 0 && !device.standing) device.playing = true;
+    if (result != 0 || device.standing) return result;
+    device.playing = true;
+    device.due = GetTickCount64() + (device.end - std::min(start, device.end));
     return result;
 }
 
