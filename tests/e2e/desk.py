@@ -8,7 +8,6 @@ import time
 
 from world import WINDOW, check, output_of, wait_until
 
-SETTINGS = "MyPlayerSettings.mps"
 GRIP = (100, 6)  # a bare place of both windows
 LIST_KEY = (255, 55)  # of the main window
 CROSS, MINIMISE = (268, 8), (251, 8)  # of both windows
@@ -19,8 +18,8 @@ def xdotool(*arguments):
 
 
 def settings_line(main, listing, docked=(0, 0), paths=()):
-    """A settings line with the windows at these places."""
-    names = "".join(str(path).replace("/", "\\") + "/" for path in paths)
+    """A settings line with the windows at these places; the paths as the player writes them."""
+    names = "".join(path + "/" for path in paths)
     names += "/" if names else ""
     places = [side * 15 for side in (*main, *listing)]
     return (f"3*0*0*{names}*{places[0]}*{places[1]}*0*0**{docked[0]}*{docked[1]}*"
@@ -33,7 +32,8 @@ class Desk:
     def __init__(self, world, main, listing, docked=(0, 0), paths=()):
         self.world = world
         world.stack.callback(xdotool, "mouseup", 1)
-        (world.folder / SETTINGS).write_text(settings_line(main, listing, docked, paths) + "\n")
+        paths = [world.build.path(path) for path in paths]
+        world.save(settings_line(main, listing, docked, paths))
         self.begin(main)
         self.open()
         check(self.list() == listing, f"the playlist opens at {self.list()}, not {listing}")
@@ -109,8 +109,14 @@ class Desk:
         def where():
             return f"main {self.main()}, list {self.list() if self.list_number else 'closed'}"
 
+        def there_yet():
+            if there():
+                return True
+            self.world.build.while_dragged()
+            return False
+
         try:
-            wait_until(there, f"main {main}, list {listing}", self.player)
+            wait_until(there_yet, f"main {main}, list {listing}", self.player)
         except AssertionError as error:
             raise AssertionError(f"{error}; they stand: {where()}") from error
         time.sleep(0.15)
@@ -134,7 +140,7 @@ class Desk:
         self.click_main(CROSS)
         status = self.player.status()
         check(status == 0, f"the player ended with {status}")
-        return (self.world.folder / SETTINGS).read_text().rstrip("\n")
+        return self.world.saved()
 
 
 def inside(place):

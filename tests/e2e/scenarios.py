@@ -1,11 +1,12 @@
 #!/usr/bin/env -S python3 -B
 """The shipped program in a real window, heard and seen from outside.
 
-scenarios.py --list             the scenarios' names, a line each
+scenarios.py --list SYSTEM      the scenarios that drive the program of linux or windows, a line each
+scenarios.py --check-list FILE  whether the file tells of each scenario that one system leaves out
 scenarios.py PROGRAM SENTENCE   runs one
 """
 
-import signal
+import pathlib
 import subprocess
 import sys
 import traceback
@@ -15,7 +16,8 @@ import face  # noqa: F401
 import playlist  # noqa: F401
 import sessions  # noqa: F401
 import shell  # noqa: F401
-from scenario import SCENARIOS, scenario
+from scenario import REASONS, SCENARIOS, of_system, scenario
+from sessions import list_field
 from world import WINDOW, Screenshot, World, check, wait_until
 
 
@@ -32,9 +34,10 @@ def plays_the_file(world):
 
 @scenario("a path with blanks, relative to the working folder, plays too")
 def plays_a_relative_path(world):
-    world.tone("two  blanks.MP3", 660)
+    name = f"two{world.build.blanks}words.MP3"
+    world.tone(name, 660)
     ear = world.listen()
-    player = world.start("two  blanks.MP3")
+    player = world.start(*world.build.tail(name))
     ear.hears(2.0, player)
     check(ear.so_far().tone_in("left", 660), "it is not the tone of the file")
 
@@ -128,29 +131,33 @@ def no_sound_server(world):
     wait_until(lambda: all(window.number != box.number for window in player.windows()),
                "the message to go", player)
     player.face()
-    player.process.send_signal(signal.SIGTERM)
+    player.ask_to_end()
     check(player.status() == 0, f"the player ended with {player.status()}")
 
 
-@scenario("a termination signal ends the player in order while it plays")
+@scenario("asked to end while it plays, the player saves, falls silent and ends in order")
 def termination(world):
+    tone = world.tone("tone.mp3")
     ear = world.listen()
-    player = world.start(world.tone("tone.mp3"))
+    player = world.start(tone)
     player.face()
     ear.hears(1.0, player)
-    player.process.send_signal(signal.SIGTERM)
+    player.ask_to_end()
     check(player.status() == 0, f"the player ended with {player.status()}")
     check(ear.next(1.5).seconds() <= 0.5, "it still sounds")
+    check(world.saved().split("*")[3] == list_field(world, [tone]), f"saved {world.saved()!r}")
 
 
-@scenario("without a display the player says so and ends with status 1")
+@scenario("without a display the player says so and ends with status 1",
+          only="linux", because="a program for Windows always has a desktop")
 def no_display(world):
     player = world.start(DISPLAY=None)
     check(player.status() == 1, f"the player ended with {player.status()}")
     check("display" in player.words().lower(), f"it said: {player.words()!r}")
 
 
-@scenario("a display that does not answer is as good as none")
+@scenario("a display that does not answer is as good as none",
+          only="linux", because="a program for Windows always has a desktop")
 def dead_display(world):
     player = world.start(DISPLAY=":4711")
     check(player.status() == 1, f"the player ended with {player.status()}")
@@ -158,10 +165,31 @@ def dead_display(world):
 
 
 def main():
-    if sys.argv[1:] == ["--list"]:
-        print("\n".join(SCENARIOS))
+    first, second = sys.argv[1:]
+    if first == "--list":
+        print("\n".join(of_system(second)))
         return 0
-    program, sentence = sys.argv[1:]
+    if first == "--check-list":
+        return check_list(second)
+    return run(first, second)
+
+
+def check_list(file):
+    """Each scenario that one system leaves out is a line of the file, with the reason."""
+    lines = pathlib.Path(file).read_text().splitlines()
+    missing = [line for line in left_out() if line not in lines]
+    strange = [line for line in lines if line.startswith('- "') and line not in left_out()]
+    for what, wrong in (("has no line", missing), ("has a line of no scenario", strange)):
+        for line in wrong:
+            print(f"{file} {what}: {line}")
+    return 1 if missing or strange else 0
+
+
+def left_out():
+    return [f'- "{sentence}": {because}.' for sentence, (_, because) in REASONS.items()]
+
+
+def run(program, sentence):
     world = World(program)
     try:
         SCENARIOS[sentence](world)

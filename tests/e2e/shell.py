@@ -1,14 +1,12 @@
 """The player on the desktop: its open key and dialogs, the tray, the menus and the about box."""
 
 import os
-import signal
 import subprocess
 import time
 
 from scenario import scenario
-from sessions import (NEXT, PLAY, QUIT, click, list_field, player_path, save, saved, settings_line,
-                      start, tones_heard, xdotool)
-from world import Screenshot, check, output_of, wait_until
+from sessions import (NEXT, PLAY, QUIT, click, list_field, settings_line, start, tones_heard, xdotool)
+from world import SETTINGS, Screenshot, check, output_of, wait_until
 
 OPEN, MINIMISE, PLAYLIST, STOP = (110, 55), (252, 8), (255, 55), (65, 55)
 OPEN_TITLE = "Open File - Orvan Music Player"
@@ -75,11 +73,11 @@ def quit_player(player, window):
 
 def saved_list(world):
     """The track list as it stands in the settings file."""
-    return (world.folder / "MyPlayerSettings.mps").read_bytes().split(b"*")[3]
+    return world.saved().split("*")[3]
 
 
 def start_with(world, paths=()):
-    save(world, settings_line(paths))
+    world.save(settings_line(world, paths))
     return start(world)
 
 
@@ -93,9 +91,9 @@ def opens_a_file(world):
     ear.hears(1.0, player)
     check(ear.so_far().tone_in("left", 440), "it is not the tone of the file")
     quit_player(player, window)
-    check(saved_list(world).decode() == list_field([tone]), f"saved {saved(world)!r}")
-    folder = player_path(world.folder) + "\\"
-    check(saved(world).split("*")[8] == folder, f"saved {saved(world)!r}, not {folder!r}")
+    check(saved_list(world) == list_field(world, [tone]), f"saved {world.saved()!r}")
+    folder = world.build.path(world.folder) + "\\"
+    check(world.saved().split("*")[8] == folder, f"saved {world.saved()!r}, not {folder!r}")
 
 
 @scenario("several names typed into the open dialog are added, and the first of them plays")
@@ -111,9 +109,9 @@ def opens_several_files(world):
     click(window, NEXT)
     wait_until(lambda: [tone[0] for tone in tones_heard(ear)] == [660, 1000], "both tones", player)
     quit_player(player, window)
-    check(saved_list(world).decode() == list_field([first, second]), f"saved {saved(world)!r}")
-    folder = player_path(world.folder)
-    check(saved(world).split("*")[8] == folder, f"saved {saved(world)!r}, not {folder!r}")
+    check(saved_list(world) == list_field(world, [first, second]), f"saved {world.saved()!r}")
+    folder = world.build.path(world.folder)
+    check(world.saved().split("*")[8] == folder, f"saved {world.saved()!r}, not {folder!r}")
 
 
 @scenario("the clock and the windows stay alive while the open dialog is up")
@@ -149,7 +147,7 @@ def opens_a_directory(world):
     answer(player, dialog, top)
     check(ear.next(2.0).seconds() == 0.0, "something plays")
     quit_player(player, window)
-    check(saved_list(world).decode() == list_field(expected), f"saved {saved(world)!r}")
+    check(saved_list(world) == list_field(world, expected), f"saved {world.saved()!r}")
 
 
 @scenario("Escape closes the open key's menu and both dialogs, and nothing is added")
@@ -166,7 +164,7 @@ def escapes(world):
     xdotool("mousemove", 900, 100, "click", 1)
     wait_for_only(player, before, "a click elsewhere to close the menu")
     quit_player(player, window)
-    check(saved_list(world) == b"", f"saved {saved(world)!r}")
+    check(saved_list(world) == "", f"saved {world.saved()!r}")
 
 
 class Tray:
@@ -260,7 +258,7 @@ def tray_menu(world):
     wait_until_gone(player, about, "the about box to close")
     tray.choose(player, *EXIT)
     check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
-    check(saved_list(world).decode() == list_field(tones), f"saved {saved(world)!r}")
+    check(saved_list(world) == list_field(world, tones), f"saved {world.saved()!r}")
 
 
 def is_blue(colour):
@@ -326,16 +324,16 @@ def about_box(world):
     check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
 
 
-@scenario("a signal while the about box is open has the player save and end")
+@scenario("asked to end while the about box is open, the player saves and ends")
 def ended_in_the_about_box(world):
     tray = Tray(world)
     player, _ = start_with(world)
-    (world.folder / "MyPlayerSettings.mps").unlink()
+    (world.folder / SETTINGS).unlink()
     tray.choose(player, *ABOUT)
     player.dialog(ABOUT_TITLE)
-    player.process.send_signal(signal.SIGTERM)
+    player.ask_to_end()
     check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
-    check(saved(world) == settings_line([]) + "\n", f"saved {saved(world)!r}")
+    check(world.saved() == settings_line(world, []), f"saved {world.saved()!r}")
 
 
 ODD_NAMES = [
@@ -350,7 +348,7 @@ HERTZ = [440, 660, 1000]
 def host_path(text):
     """The bytes of a path that the player wrote."""
     path = b""
-    for character in text.decode():
+    for character in text:
         byte = ord(character) - 0xF000
         if character == "\\":
             path += b"/"
@@ -362,7 +360,7 @@ def host_path(text):
 
 
 def saved_paths(world):
-    return [host_path(path) for path in saved_list(world).split(b"/") if path]
+    return [host_path(path) for path in saved_list(world).split("/") if path]
 
 
 @scenario("files with odd names are added, shown, played, saved and loaded byte for byte")
@@ -381,7 +379,7 @@ def odd_names(world):
     quit_player(player, window)
     paths = saved_paths(world)
     check(sorted(paths) == sorted(pitch), f"saved {saved_list(world)!r}")
-    line = saved(world)
+    line = world.saved()
 
     ear = world.listen()
     player, window = start(world)
@@ -394,7 +392,7 @@ def odd_names(world):
         hertz = pitch[path]
         wait_until(lambda: ear.next(0.4).tone_in("left", hertz), f"{hertz} Hz of {path!r}", player)
     quit_player(player, window)
-    check(saved(world) == line, f"saved {saved(world)!r}, not {line!r}")
+    check(world.saved() == line, f"saved {world.saved()!r}, not {line!r}")
 
 
 def check_rows(player, window):

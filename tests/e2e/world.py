@@ -12,7 +12,8 @@ import sys
 import tempfile
 import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from program import BUILDS, ROOT
+
 sys.path.insert(0, str(ROOT / "tests" / "desktop"))
 import hear  # noqa: E402
 
@@ -20,6 +21,7 @@ PATIENCE = 60
 SCREEN = (1024, 768)
 ROOT_COLOUR = (0x33, 0x66, 0x77)
 WINDOW = (276, 82)
+SETTINGS = "MyPlayerSettings.mps"
 
 
 def check(condition, message):
@@ -80,14 +82,15 @@ class Screenshot:
 class Player:
     """The shipped program, started as a user starts it, from a folder of its own."""
 
-    def __init__(self, folder, *arguments, **changes):
+    def __init__(self, build, folder, *arguments, **changes):
+        self.build = build
         environment = {name: value for name, value in {**os.environ, **changes}.items()
                        if value is not None}
         self.log = pathlib.Path(folder) / "player.log"
         with open(self.log, "ab") as log:
             self.process = subprocess.Popen(
-                [str(pathlib.Path(folder) / "orvan"), *map(str, arguments)],
-                cwd=folder, env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+                build.command(pathlib.Path(folder) / build.file, arguments), cwd=folder,
+                env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
 
     def windows(self):
         numbers = output_of("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid))
@@ -104,6 +107,10 @@ class Player:
         return wait_until(
             lambda: next((window for window in self.windows() if window.title() == title), None),
             f"a window with the title '{title}'", self)
+
+    def ask_to_end(self):
+        """Has the system ask it to end."""
+        self.build.ask_to_end(self)
 
     def alive(self):
         return self.process.poll() is None
@@ -155,17 +162,29 @@ class World:
 
     def __init__(self, program):
         self.program = program
+        self.build = BUILDS[pathlib.Path(program).name]
         self.stack = contextlib.ExitStack()
         self.folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory()))
         self.players = []
 
     def start(self, *arguments, **changes):
-        if not (self.folder / "orvan").exists():
-            shutil.copy2(self.program, self.folder / "orvan")
-        player = Player(self.folder, *arguments, **changes)
+        if not (self.folder / self.build.file).exists():
+            shutil.copy2(self.program, self.folder / self.build.file)
+        player = Player(self.build, self.folder, *arguments, **changes)
         self.players.append(player)
         self.stack.callback(self.end, player.process)
         return player
+
+    def save(self, line):
+        """Makes the settings file hold this line."""
+        (self.folder / SETTINGS).write_bytes((line + self.build.line_end).encode())
+
+    def saved(self):
+        """The line that the settings file holds."""
+        text = (self.folder / SETTINGS).read_bytes().decode()
+        check(text.count("\n") == 1 and text.endswith(self.build.line_end),
+              f"saved {text!r}, which is not one whole line")
+        return text.removesuffix(self.build.line_end)
 
     def listen(self):
         ear = Ear(self.folder)

@@ -1,0 +1,100 @@
+"""The program under test: what differs between its builds, as seen from outside.
+
+A run of scenarios.py tests one program; its file name tells which build it is.
+"""
+
+import os
+import pathlib
+import signal
+import subprocess
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+WINE = ROOT / "tests" / "wine" / "wine"
+
+
+class Linux:
+    system = "linux"
+    file = "orvan"
+    line_end = "\n"
+    blanks = "  "
+
+    def command(self, program, arguments):
+        return [str(program), *map(str, arguments)]
+
+    def tail(self, text):
+        """The arguments that make the player's command-line tail this text."""
+        return [text]
+
+    def path(self, host):
+        """A host's path as the player writes it."""
+        return str(host).replace("/", "\\")
+
+    def shown(self, host):
+        """A path as people see and type it."""
+        return str(host)
+
+    def ask_to_end(self, player):
+        """What the system does to a running player when the session ends."""
+        player.process.send_signal(signal.SIGTERM)
+
+    def ended_in_order(self, status):
+        """Whether that is the exit status of a player that was asked to end."""
+        return status == 0
+
+    def while_dragged(self):
+        """Called again and again while a dragged window isn't where it should be."""
+
+    def work_area_changes(self):
+        """Called when the panels have changed and no player runs."""
+
+
+class Windows:
+    """The program for Windows under Wine, in the Wine folder that tests/wine/prefix has made."""
+
+    system = "windows"
+    file = "Orvan.exe"
+    line_end = "\r\n"
+    blanks = " "  # Wine makes the command line of its arguments, with one between them
+
+    def command(self, program, arguments):
+        arguments = [self.path(one) if isinstance(one, pathlib.Path) else str(one)
+                     for one in arguments]
+        return [str(WINE), str(program), *arguments]
+
+    def tail(self, text):
+        return text.split(self.blanks)  # not in one, as the quotes would belong to it
+
+    def path(self, host):
+        return "Z:" + str(host).replace("/", "\\")
+
+    def shown(self, host):
+        return self.path(host)
+
+    def ask_to_end(self, player):
+        subprocess.run([WINE, "wineboot", "--end-session"], check=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def ended_in_order(self, status):
+        # Wine kills whoever is still on the way out, and so tells less than a status of the player's.
+        return status in (0, -signal.SIGKILL)
+
+    def while_dragged(self):
+        # A press takes effect when the player gets to it; a move away before that is lost on it, and
+        # a hand moves on.
+        place = [int(word.split(":")[1]) for word in
+                 subprocess.run(["xdotool", "getmouselocation"], check=True, text=True,
+                                stdout=subprocess.PIPE).stdout.split()[:2]]
+        time.sleep(0.2)
+        subprocess.run(["xdotool", "mousemove", *[str(side + 1) for side in place],
+                        "mousemove", *map(str, place)], check=True)
+
+    def work_area_changes(self):
+        # Wine asks for it once, at the start of its session.
+        environment = {**os.environ, "WINEPREFIX": os.path.expandvars("$HOME/wine")}
+        for option in ("-k", "-w", "-p"):
+            subprocess.run(["wineserver", option], check=True, env=environment)
+
+
+BUILDS = {build.file: build for build in (Linux(), Windows())}
+SYSTEMS = {build.system: build for build in BUILDS.values()}
