@@ -85,6 +85,7 @@ class Desk:
     def take(self, number, grip):
         """Presses the left button on a window's background."""
         self.grip = grip
+        self.world.build.before_drag(number)
         self.click(number, grip, "mousedown", 1)
 
     def take_main(self, grip=GRIP):

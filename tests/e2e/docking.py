@@ -123,6 +123,7 @@ def snaps_at_the_edges(world):
 
 @scenario("a panel at the top catches the windows and lets them through to the screen's edge")
 def under_a_panel(world):
+    world.stack.callback(world.build.work_area_changes)
     panel = subprocess.Popen(
         ["trayer", "--edge", "top", "--align", "right", "--widthtype", "pixel", "--width", "160",
          "--heighttype", "pixel", "--height", "30", "--SetDockType", "true", "--SetPartialStrut",
@@ -130,6 +131,7 @@ def under_a_panel(world):
     world.stack.callback(world.end, panel)
     wait_until(lambda: b"= 0, 30, 1024, 738" in output_of("xprop", "-root", "_NET_WORKAREA"),
                "the panel's room")
+    world.build.work_area_changes()
     desk = Desk(world, (300, 300), (300, 382))
     desk.take_main()
     for wanted, main, listing in [((300, 31), (300, 0), (300, 82)),
@@ -238,6 +240,7 @@ def does_not_drift(world):
 def taken_in_a_hurry(world):
     desk = Desk(world, (300, 300), (600, 600))
     place = (300, 300)
+    world.build.before_drag(desk.main_number)
     for number in range(10):
         further = (place[0] + (50 if number % 2 == 0 else -50), place[1] + 7)
         xdotool("mousemove", place[0] + GRIP[0], place[1] + GRIP[1], "mousedown", 1,

@@ -42,6 +42,9 @@ class Linux:
         """Whether that is the exit status of a player that was asked to end."""
         return status == 0
 
+    def before_drag(self, number):
+        """Called before a press on the window with this number that takes it along."""
+
     def while_dragged(self):
         """Called again and again while a dragged window isn't where it should be."""
 
@@ -78,6 +81,10 @@ class Windows:
     def ended_in_order(self, status):
         # Wine kills whoever is still on the way out, and so tells less than a status of the player's.
         return status in (0, -signal.SIGKILL)
+
+    def before_drag(self, number):
+        # Wine takes a held pointer away from the player when the keyboard comes to it meanwhile.
+        subprocess.run(["xdotool", "windowfocus", "--sync", str(number)], check=True)
 
     def while_dragged(self):
         # A press takes effect when the player gets to it; a move away before that is lost on it, and
