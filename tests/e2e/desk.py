@@ -9,6 +9,7 @@ import time
 from world import WINDOW, check, output_of, wait_until
 
 GRIP = (100, 6)  # a bare place of both windows
+BEYOND_SNAPPING = 25  # pixels
 LIST_KEY = (255, 55)  # of the main window
 CROSS, MINIMISE = (268, 8), (251, 8)  # of both windows
 
@@ -85,8 +86,23 @@ class Desk:
     def take(self, number, grip):
         """Presses the left button on a window's background."""
         self.grip = grip
-        self.world.build.before_drag(number)
-        self.click(number, grip, "mousedown", 1)
+        if self.world.build.reads_pointer_late:
+            start = self.place(number)
+            wait_until(lambda: self.follows(number, start), "a window to be taken", self.player)
+        else:
+            self.click(number, grip, "mousedown", 1)
+
+    def follows(self, number, start):
+        """Presses, and tells whether the window goes along with a move; else lets go of it."""
+        self.click(number, self.grip, "mousedown", 1, "sleep", 0.2)
+        self.drag((start[0] + BEYOND_SNAPPING, start[1]))
+        patience = time.monotonic() + 1.0
+        while time.monotonic() < patience:
+            if self.place(number) != start:
+                return True
+            time.sleep(0.02)
+        self.release()
+        return False
 
     def take_main(self, grip=GRIP):
         self.take(self.main_number, grip)
@@ -110,14 +126,8 @@ class Desk:
         def where():
             return f"main {self.main()}, list {self.list() if self.list_number else 'closed'}"
 
-        def there_yet():
-            if there():
-                return True
-            self.world.build.while_dragged()
-            return False
-
         try:
-            wait_until(there_yet, f"main {main}, list {listing}", self.player)
+            wait_until(there, f"main {main}, list {listing}", self.player)
         except AssertionError as error:
             raise AssertionError(f"{error}; they stand: {where()}") from error
         time.sleep(0.15)

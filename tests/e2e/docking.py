@@ -236,11 +236,11 @@ def does_not_drift(world):
     desk.release()
 
 
-@scenario("a window taken in a hurry doesn't slip from under the pointer")
+@scenario("a window taken in a hurry doesn't slip from under the pointer",
+          only="linux", because="Windows tells where the pointer is, not where it was at the press")
 def taken_in_a_hurry(world):
     desk = Desk(world, (300, 300), (600, 600))
     place = (300, 300)
-    world.build.before_drag(desk.main_number)
     for number in range(10):
         further = (place[0] + (50 if number % 2 == 0 else -50), place[1] + 7)
         xdotool("mousemove", place[0] + GRIP[0], place[1] + GRIP[1], "mousedown", 1,

@@ -7,7 +7,6 @@ import os
 import pathlib
 import signal
 import subprocess
-import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 WINE = ROOT / "tests" / "wine" / "wine"
@@ -18,6 +17,7 @@ class Linux:
     file = "orvan"
     line_end = "\n"
     blanks = "  "
+    reads_pointer_late = False
 
     def command(self, program, arguments):
         return [str(program), *map(str, arguments)]
@@ -42,12 +42,6 @@ class Linux:
         """Whether that is the exit status of a player that was asked to end."""
         return status == 0
 
-    def before_drag(self, number):
-        """Called before a press on the window with this number that takes it along."""
-
-    def while_dragged(self):
-        """Called again and again while a dragged window isn't where it should be."""
-
     def work_area_changes(self):
         """Called when the panels have changed and no player runs."""
 
@@ -59,6 +53,8 @@ class Windows:
     file = "Orvan.exe"
     line_end = "\r\n"
     blanks = " "  # Wine makes the command line of its arguments, with one between them
+    # The place of a press is where the pointer is when the player gets to the press.
+    reads_pointer_late = True
 
     def command(self, program, arguments):
         arguments = [self.path(one) if isinstance(one, pathlib.Path) else str(one)
@@ -81,20 +77,6 @@ class Windows:
     def ended_in_order(self, status):
         # Wine kills whoever is still on the way out, and so tells less than a status of the player's.
         return status in (0, -signal.SIGKILL)
-
-    def before_drag(self, number):
-        # Wine takes a held pointer away from the player when the keyboard comes to it meanwhile.
-        subprocess.run(["xdotool", "windowfocus", "--sync", str(number)], check=True)
-
-    def while_dragged(self):
-        # A press takes effect when the player gets to it; a move away before that is lost on it, and
-        # a hand moves on.
-        place = [int(word.split(":")[1]) for word in
-                 subprocess.run(["xdotool", "getmouselocation"], check=True, text=True,
-                                stdout=subprocess.PIPE).stdout.split()[:2]]
-        time.sleep(0.2)
-        subprocess.run(["xdotool", "mousemove", *[str(side + 1) for side in place],
-                        "mousemove", *map(str, place)], check=True)
 
     def work_area_changes(self):
         # Wine asks for it once, at the start of its session.
