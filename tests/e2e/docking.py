@@ -254,6 +254,7 @@ def taken_in_a_hurry(world):
 def whole_picture(world):
     desk = Desk(world, (300, 300), (300, 382))
     desk.click_main((20, 70), "sleep", 0.3)
+    foreign = world.build.foreign_corner
 
     def picture(shot, place):
         return [shot.at(place[0] + x, place[1] + y)
@@ -271,7 +272,8 @@ def whole_picture(world):
             return (picture(shot, place) == before and
                     all(shot.is_root(x, y)
                         for x in range(0, 1024, 7) for y in range(0, 768, 7)
-                        if not (place[0] <= x < place[0] + 276 and place[1] <= y < place[1] + 164)))
+                        if not (x < foreign[0] and y < foreign[1]) and
+                        not (place[0] <= x < place[0] + 276 and place[1] <= y < place[1] + 164)))
 
         wait_until(whole, f"the pair's whole picture at {place} and nothing else", desk.player)
     desk.release()

@@ -18,6 +18,8 @@ class Linux:
     line_end = "\n"
     blanks = "  "
     reads_pointer_late = False
+    foreign_corner = (0, 0)
+    menu_delay = 0.0
 
     def command(self, program, arguments):
         return [str(program), *map(str, arguments)]
@@ -55,6 +57,8 @@ class Windows:
     blanks = " "  # Wine makes the command line of its arguments, with one between them
     # The place of a press is where the pointer is when the player gets to the press.
     reads_pointer_late = True
+    menu_delay = 0.4  # seconds from a menu's showing to its taking keys
+    foreign_corner = (164, 44)  # at the top left, Wine's own window with the icons of the tray
 
     def command(self, program, arguments):
         arguments = [self.path(one) if isinstance(one, pathlib.Path) else str(one)

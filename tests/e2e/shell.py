@@ -39,10 +39,12 @@ def wait_until_gone(player, window, what):
 
 
 def press_open_key(player, window):
-    """Opens the open key's menu."""
+    """Opens the open key's menu, with the keyboard in it."""
     before = numbers(player)
+    xdotool("windowfocus", "--sync", window.number)
     click(window, OPEN)
     wait_for_another(player, before, "the open key's menu")
+    xdotool("sleep", player.build.menu_delay)
 
 
 def open_dialog(player, window, letter, title):
@@ -203,6 +205,7 @@ class Tray:
         before = numbers(player)
         self.click(player, button=3)
         wait_for_another(player, before, "the tray menu")
+        xdotool("sleep", player.build.menu_delay)
         for key in keys:
             xdotool("key", key, "sleep", 0.2)
 
