@@ -7,15 +7,13 @@ scenarios.py PROGRAM SENTENCE   runs one
 
 import signal
 import subprocess
-import sys
-import traceback
 
 import docking  # noqa: F401
 import face  # noqa: F401
 import playlist  # noqa: F401
 import sessions  # noqa: F401
 import shell  # noqa: F401
-from scenario import SCENARIOS, scenario
+from scenario import run, scenario
 from world import WINDOW, Screenshot, World, check, wait_until
 
 
@@ -157,22 +155,4 @@ def dead_display(world):
     check("display" in player.words().lower(), f"it said: {player.words()!r}")
 
 
-def main():
-    if sys.argv[1:] == ["--list"]:
-        print("\n".join(SCENARIOS))
-        return 0
-    program, sentence = sys.argv[1:]
-    world = World(program)
-    try:
-        SCENARIOS[sentence](world)
-        return 0
-    except Exception:
-        traceback.print_exc()
-        for player in world.players:
-            print(f"--- what the player said:\n{player.words()}", file=sys.stderr)
-        return 1
-    finally:
-        world.close()
-
-
-sys.exit(main())
+run(World)

@@ -78,15 +78,18 @@ class Screenshot:
 
 
 class Player:
-    """The shipped program, started as a user starts it, from a folder of its own."""
+    """The shipped program, started as a user starts it, from a folder of its own.
 
-    def __init__(self, folder, *arguments, **changes):
+    `under` is a command to start it with, such as one that takes rights away.
+    """
+
+    def __init__(self, folder, *arguments, log=None, under=(), **changes):
         environment = {name: value for name, value in {**os.environ, **changes}.items()
                        if value is not None}
-        self.log = pathlib.Path(folder) / "player.log"
+        self.log = log or pathlib.Path(folder) / "player.log"
         with open(self.log, "ab") as log:
             self.process = subprocess.Popen(
-                [str(pathlib.Path(folder) / "orvan"), *map(str, arguments)],
+                [*under, str(pathlib.Path(folder) / "orvan"), *map(str, arguments)],
                 cwd=folder, env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
 
     def windows(self):
@@ -162,7 +165,10 @@ class World:
     def start(self, *arguments, **changes):
         if not (self.folder / "orvan").exists():
             shutil.copy2(self.program, self.folder / "orvan")
-        player = Player(self.folder, *arguments, **changes)
+        return self.keep(Player(self.folder, *arguments, **changes))
+
+    def keep(self, player):
+        """Takes a player in, to end with this world."""
         self.players.append(player)
         self.stack.callback(self.end, player.process)
         return player
