@@ -6,25 +6,10 @@
 #include <algorithm>
 #include <chrono>
 #include <doctest/doctest.h>
-#include <optional>
 
 using namespace sound_test;
 
 namespace {
-
-// The recorder is given sound up to this much ahead of its time. Where the output takes something
-// back (at each start, pause and seek), that much of the recording's seam can't be trusted.
-constexpr std::size_t seam = 1103;
-
-/// Where in the source a recorded stretch begins, if it is one piece of it, sample for sample.
-std::optional<std::size_t> placeOf(const std::vector<std::int16_t>& recorded, Stretch stretch,
-                                   const std::vector<std::int16_t>& source) {
-    const auto begin = recorded.begin() + static_cast<std::ptrdiff_t>(stretch.start * 2);
-    const auto end = recorded.begin() + static_cast<std::ptrdiff_t>(stretch.end * 2);
-    const auto found = std::search(source.begin(), source.end(), begin, end);
-    if (found == source.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - source.begin()) / 2;
-}
 
 /// How many frames from the stretch's start on are one piece of the source.
 std::size_t unbroken(const std::vector<std::int16_t>& recorded, Stretch stretch,
@@ -34,19 +19,6 @@ std::size_t unbroken(const std::vector<std::int16_t>& recorded, Stretch stretch,
            recorded[2 * (stretch.start + frame)] == source[2 * (place + frame)])
         ++frame;
     return frame;
-}
-
-constexpr std::size_t framesOf(int milliseconds) {
-    return static_cast<std::size_t>(milliseconds) * 44'100 / 1000;
-}
-
-/// Noise without a silent frame, so that a recording shows each frame.
-Samples loudNoise(int milliseconds) {
-    Samples samples = noise(milliseconds);
-    for (std::int16_t& value : samples.values) {
-        if (value == 0) value = 1;
-    }
-    return samples;
 }
 
 bool finished() { return position() == length(); }

@@ -2,6 +2,7 @@
 
 #include "tests/sound/support/sound_files.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
@@ -158,6 +159,15 @@ std::vector<Stretch> stretchesOf(const std::vector<std::int16_t>& samples, std::
         stretches.back().end = frame + 1;
     }
     return stretches;
+}
+
+std::optional<std::size_t> placeOf(const std::vector<std::int16_t>& recorded, Stretch stretch,
+                                   const std::vector<std::int16_t>& source) {
+    const auto begin = recorded.begin() + static_cast<std::ptrdiff_t>(stretch.start * 2);
+    const auto end = recorded.begin() + static_cast<std::ptrdiff_t>(stretch.end * 2);
+    const auto found = std::search(source.begin(), source.end(), begin, end);
+    if (found == source.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - source.begin()) / 2;
 }
 
 double frequencyOf(const std::vector<std::int16_t>& samples, Stretch stretch, int channel) {

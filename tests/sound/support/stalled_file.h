@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace sound_test {
+
+/// While one lives, the disk does not answer this process for a file from some byte on: whoever
+/// reads there waits, as on a drive that hangs or a network that is down. One at a time.
+class StalledFile {
+  public:
+    StalledFile(const std::string& path, std::int64_t fromByte);
+    ~StalledFile() { answer(); }
+    StalledFile(const StalledFile&) = delete;
+    StalledFile& operator=(const StalledFile&) = delete;
+
+    /// Waits until somebody is held up. False if that does not come to be.
+    bool holdsSomebody() const;
+
+    /// The disk works again.
+    void answer();
+};
+
+} // namespace sound_test
