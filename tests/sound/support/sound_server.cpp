@@ -45,7 +45,7 @@ pid_t launch(const std::vector<std::string>& words, const std::string& output) {
     ::_exit(127);
 }
 
-void end(pid_t& process, int signal) {
+void endBy(pid_t& process, int signal) {
     if (process == 0) return;
     ::kill(process, signal);
     ::waitpid(process, nullptr, 0);
@@ -83,7 +83,7 @@ SoundServer::SoundServer(Begin begin) {
 }
 
 SoundServer::~SoundServer() {
-    end(process_, SIGKILL);
+    endBy(process_, SIGKILL);
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
 }
@@ -104,7 +104,9 @@ void SoundServer::start() {
         throw std::runtime_error("the sound server does not start");
 }
 
-void SoundServer::kill() { end(process_, SIGKILL); }
+void SoundServer::kill() { endBy(process_, SIGKILL); }
+
+void SoundServer::end() { endBy(process_, SIGTERM); }
 
 void SoundServer::freeze() { ::kill(process_, SIGSTOP); }
 
@@ -121,9 +123,9 @@ std::string SoundServer::control(const std::string& words) const {
     return output;
 }
 
-Recording::Recording() : path_(folder() + "recording.raw") {
+Recording::Recording(const std::string& output) : path_(folder() + "recording.raw") {
     std::filesystem::remove(path_);
-    process_ = launch({"parec", "-d", "out.monitor", "--format=s16le", "--rate=44100",
+    process_ = launch({"parec", "-d", output + ".monitor", "--format=s16le", "--rate=44100",
                        "--channels=2", "--latency-msec=20", "--raw"},
                       path_);
     // It delivers nothing for its first second or two, and what sounds then is lost.
@@ -134,7 +136,7 @@ Recording::Recording() : path_(folder() + "recording.raw") {
         throw std::runtime_error("the recorder hears nothing");
 }
 
-Recording::~Recording() { end(process_, SIGKILL); }
+Recording::~Recording() { endBy(process_, SIGKILL); }
 
 std::vector<std::int16_t> Recording::finish() {
     constexpr std::size_t rest = 22'050;
@@ -146,7 +148,7 @@ std::vector<std::int16_t> Recording::finish() {
             ++silent;
         return silent >= rest && silent < frames;
     });
-    end(process_, SIGKILL);
+    endBy(process_, SIGKILL);
     return samplesOf(path_);
 }
 

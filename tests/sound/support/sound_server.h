@@ -24,6 +24,8 @@ class SoundServer {
     /// Returns when it answers.
     void start();
     void kill();
+    /// Ends it as a session's end does: it keeps what it knows for the next start.
+    void end();
     void freeze();
     void thaw();
 
@@ -38,11 +40,11 @@ class SoundServer {
 /// Waits for a condition, 20 seconds at most. Whether it came to hold.
 bool waitUntil(const std::function<bool()>& condition);
 
-/// Records what the server's output plays, from the construction on: 44100 frames a second, left
-/// and right in turns.
+/// Records what an output of the server plays, from the construction on: 44100 frames a second,
+/// left and right in turns.
 class Recording {
   public:
-    Recording();
+    explicit Recording(const std::string& output = "out");
     ~Recording();
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
