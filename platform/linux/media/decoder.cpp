@@ -1,6 +1,7 @@
 #include "platform/linux/media/decoder.h"
 
 #include "platform/linux/media/mpeg_frames.h"
+#include "platform/linux/media/wave_parts.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,7 @@ namespace {
 /// Whether a file names itself, behind any tags, as one of the containers of libsndfile. Nothing
 /// else is given to that library: it takes too much for MPEG audio.
 bool isContainer(FileWindow& file) {
-    constexpr std::array<std::string_view, 10> marks{"RIFF", "RIFX", "RF64", "riff", "FORM",
+    constexpr std::array<std::string_view, 11> marks{"RIFF", "RIFX", "RF64", "BW64", "riff", "FORM",
                                                      "fLaC", "OggS", ".snd", "caff", "NIST"};
     std::array<char, 4> head{};
     file.seek(bytesOfLeadingTags(file));
@@ -39,12 +40,22 @@ MediaError Decoder::open(const std::string& hostPath) {
     FileWindow file;
     if (const int error = file.open(hostPath); error != 0) return errorOf(error);
     if (!isContainer(file)) return openMpeg(std::move(file));
-    file.narrow(bytesOfLeadingTags(file), file.size());
+    const std::int64_t start = bytesOfLeadingTags(file);
+    file.narrow(start, file.size());
     if (source_.emplace<SoundFileDecoder>().open(std::move(file))) return MediaError::None;
-    // MP3 in a WAV's clothes.
     FileWindow again;
     if (const int error = again.open(hostPath); error != 0) return errorOf(error);
-    return openMpeg(std::move(again));
+    again.narrow(start, again.size());
+    return openOddWave(std::move(again));
+}
+
+MediaError Decoder::openOddWave(FileWindow file) {
+    const auto parts = findWaveParts(file);
+    if (!parts) return openMpeg(std::move(file));
+    file.narrow(parts->dataStart, parts->dataEnd);
+    if (parts->isMpeg()) return openMpeg(std::move(file));
+    const bool good = source_.emplace<SoundFileDecoder>().open(std::move(file), parts->header());
+    return good ? MediaError::None : MediaError::NotAudio;
 }
 
 MediaError Decoder::openMpeg(FileWindow file) {

@@ -32,6 +32,9 @@ class Decoder {
   private:
     MediaError openMpeg(FileWindow file);
 
+    /// A WAV that libsndfile does not take, or MPEG audio in its clothes.
+    MediaError openOddWave(FileWindow file);
+
     std::variant<std::monostate, MpegDecoder, SoundFileDecoder> source_;
 };
 

@@ -24,7 +24,9 @@ bool comesToStand() {
     });
 }
 
-std::int64_t byteOf(int milliseconds) { return static_cast<std::int64_t>(4 * framesOf(milliseconds)); }
+std::int64_t byteOf(int milliseconds) {
+    return static_cast<std::int64_t>(4 * framesOf(milliseconds));
+}
 
 } // namespace
 
