@@ -232,7 +232,10 @@ std::optional<EncoderPadding> readEncoderPadding(FileWindow& file) {
         info.frames = bigEndian(tag + at);
         at += 4;
     }
-    if ((flags & 2) != 0) at += 4;
+    if ((flags & 2) != 0) {
+        info.bytes = bigEndian(tag + at);
+        at += 4;
+    }
     if ((flags & 4) != 0) at += 100;
     if ((flags & 8) != 0) at += 4;
     if (tag[at] == 0) return info;

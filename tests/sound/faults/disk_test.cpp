@@ -4,6 +4,7 @@
 #include "tests/sound/support/sound_server.h"
 #include "tests/sound/support/stalled_file.h"
 
+#include <cstdlib>
 #include <doctest/doctest.h>
 
 using namespace sound_test;
@@ -113,4 +114,31 @@ TEST_CASE("a file whose disk stalls at the open holds nobody for long, and the n
     CHECK(patience.longest < 10);
     const OpenFile again(path);
     CHECK(length() == 3000);
+}
+
+TEST_CASE("a long file on a very slow disk opens before it is read, and plays") {
+    const SoundServer server;
+    const Bytes few = readAll(encode("few", noise(20'000), "-b 320 -t"));
+    Bytes many;
+    for (int i = 0; i < 8; ++i)
+        many += few;
+    const std::string cbr = write("bare.mp3", many);
+    const std::string vbr = encode("vbr", noise(200'000), "-V 0");
+    for (const std::string& path : {cbr, vbr}) {
+        CAPTURE(path);
+        int exact = 0;
+        {
+            const OpenFile file(path);
+            exact = length();
+        }
+        const SlowFile slow(path, std::chrono::milliseconds(80));
+        Patience patience;
+        REQUIRE(patience([&] { return openFile(path); }) == 0);
+        CHECK(patience.longest > 4); // or it was not slow enough
+        CHECK(patience.longest < 7);
+        CHECK(std::abs(length() - exact) <= (path == vbr ? 0 : exact / 100));
+        REQUIRE(playAll() == 0);
+        CHECK(waitUntil([] { return position() > 300; }));
+        CHECK(send("Close mpeg") == 0);
+    }
 }

@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <stdexcept>
+#include <thread>
 
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -18,6 +19,7 @@ struct Stall {
     bool on = false;
     struct stat file {};
     std::int64_t fromByte = 0;
+    std::chrono::milliseconds each{0}; ///< slow, if not 0, rather than stalled
     int held = 0;
 };
 
@@ -37,9 +39,30 @@ void holdUp(int descriptor, std::int64_t end) {
     Stall& it = stall();
     std::unique_lock lock(it.mutex);
     if (!isStalled(it, descriptor, end)) return;
+    if (it.each.count() != 0) {
+        const auto slow = it.each;
+        lock.unlock();
+        std::this_thread::sleep_for(slow);
+        return;
+    }
     ++it.held;
     it.changed.wait(lock, [&] { return !isStalled(it, descriptor, end); });
     --it.held;
+}
+
+void begin(const std::string& path, std::int64_t fromByte, std::chrono::milliseconds each) {
+    Stall& it = stall();
+    const std::lock_guard lock(it.mutex);
+    if (::stat(path.c_str(), &it.file) != 0) throw std::runtime_error("no file " + path);
+    it.fromByte = fromByte;
+    it.each = each;
+    it.on = true;
+}
+
+void end() {
+    const std::lock_guard lock(stall().mutex);
+    stall().on = false;
+    stall().changed.notify_all();
 }
 
 } // namespace
@@ -52,12 +75,14 @@ extern "C" ssize_t pread(int descriptor, void* to, std::size_t size, off_t at) {
 
 namespace sound_test {
 
+SlowFile::SlowFile(const std::string& path, std::chrono::milliseconds each) {
+    begin(path, 0, each);
+}
+
+SlowFile::~SlowFile() { end(); }
+
 StalledFile::StalledFile(const std::string& path, std::int64_t fromByte) {
-    Stall& it = stall();
-    const std::lock_guard lock(it.mutex);
-    if (::stat(path.c_str(), &it.file) != 0) throw std::runtime_error("no file " + path);
-    it.fromByte = fromByte;
-    it.on = true;
+    begin(path, fromByte, std::chrono::milliseconds(0));
 }
 
 bool StalledFile::holdsSomebody() const {
@@ -67,10 +92,6 @@ bool StalledFile::holdsSomebody() const {
     });
 }
 
-void StalledFile::answer() {
-    const std::lock_guard lock(stall().mutex);
-    stall().on = false;
-    stall().changed.notify_all();
-}
+void StalledFile::answer() { end(); }
 
 } // namespace sound_test
