@@ -32,8 +32,7 @@ class Decoder {
   private:
     MediaError openMpeg(FileWindow file);
 
-    /// A WAV that libsndfile does not take, or MPEG audio in its clothes.
-    MediaError openOddWave(FileWindow file);
+    MediaError openWave(FileWindow file);
 
     std::variant<std::monostate, MpegDecoder, SoundFileDecoder> source_;
 };

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace platform::media {
 
@@ -22,8 +23,12 @@ struct WaveParts {
     std::string header() const;
 };
 
-/// Finds them in a WAV that others can't make sense of: left open by a program that wrote as it
-/// went along, or with chunks that don't keep to the even bytes. None if one of them is missing.
+/// Whether a file that begins with these four letters may be a WAV.
+bool isWaveMark(std::string_view letters);
+
+/// Finds them, also where a program that wrote as it went along never filled in its sizes, or where
+/// chunks don't keep to the even bytes. None if one of the two is missing. libsndfile is shown
+/// nothing but these: over other chunks that are cut short it can go round for ever.
 std::optional<WaveParts> findWaveParts(FileWindow& file);
 
 } // namespace platform::media

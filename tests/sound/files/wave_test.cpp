@@ -3,8 +3,10 @@
 #include "tests/sound/support/sound_files.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <doctest/doctest.h>
+#include <fstream>
 #include <random>
 #include <sndfile.h>
 
@@ -172,7 +174,7 @@ TEST_CASE("a WAV whose writer never came back to fill in its sizes plays whole")
     CHECK(open.frames() == whole.frames());
 }
 
-TEST_CASE("chunks out of order, twice, or without their idle byte hide no sound") {
+TEST_CASE("chunks out of order, twice, with gaps or nonsense between them hide no sound") {
     const Bytes format = chunk("fmt ", waveFormat(1, 2, 44100, 16));
     const Bytes data = dataOf(noise(500));
     Bytes uneven = chunk("LIST", "INFOodd");
@@ -181,9 +183,45 @@ TEST_CASE("chunks out of order, twice, or without their idle byte hide no sound"
              chunk("data", data) + format,
              format + chunk("data", data) + chunk("data", data),
              uneven + format + chunk("data", data),
+             format + Bytes(6, '\0') + chunk("data", data),
+             chunk("junk", "", 0xFFFFFFF0) + format + Bytes(333, '\xE4') + chunk("data", data),
              uneven + format + uneven + chunk("data", data),
          })
         checkOwnSamples(write("disorder.wav", riff(chunks)), data);
+}
+
+TEST_CASE("a chunk that is cut short hides no sound before it, and holds nobody up") {
+    const Bytes format = chunk("fmt ", waveFormat(1, 2, 44100, 16));
+    const Bytes data = dataOf(noise(500));
+    const Bytes list = chunk("LIST", "INFOI" + Bytes(90, '\xFF'), 1885);
+    checkOwnSamples(write("cut-list.wav", riff(format + chunk("data", data) + list)), data);
+    media::Decoder decoder;
+    CHECK(decoder.open(write("list.wav", riff(list))) == MediaError::NotAudio);
+    CHECK(decoder.open(write("list-first.wav", riff(list + format))) == MediaError::NotAudio);
+}
+
+TEST_CASE("a WAV of more than four gigabytes has its true length, and its end is found") {
+    const std::string path = folder() + "long.wav";
+    constexpr std::int64_t frames = 1'250'000'000;
+    Bytes sizes(28, '\0');
+    for (std::size_t i = 0; i < 8; ++i)
+        sizes[8 + i] = static_cast<char>(frames * 4 >> 8 * i & 0xFF);
+    Bytes head = riff(chunk("ds64", sizes) + chunk("fmt ", waveFormat(1, 2, 44100, 16)) +
+                      chunk("data", "", 0xFFFFFFFF));
+    head.replace(0, 4, "RF64");
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << head;
+        file.seekp(static_cast<std::streamoff>(head.size()) + frames * 4 - 4);
+        file << "last" << chunk("LIST", "INFO" + Bytes(100, 'y'));
+    }
+    media::Decoder decoder;
+    REQUIRE(decoder.open(path) == MediaError::None);
+    CHECK(decoder.frames() == frames);
+    REQUIRE(decoder.seek(frames - 1));
+    std::array<std::byte, 8> samples{};
+    CHECK(decoder.read(samples.data(), 2) == 1);
+    CHECK(std::memcmp(samples.data(), "last", 4) == 0);
 }
 
 TEST_CASE("chunks around the data do not sound") {
