@@ -59,7 +59,7 @@ std::optional<Chunk> chunkAt(FileWindow& file, std::int64_t position, bool bigEn
 /// The chunk at a place. Where there is none, or one that is longer than the file, moves on to the
 /// next that matters: some writers leave a gap, or a size that is nonsense.
 std::optional<Chunk> chunkFrom(FileWindow& file, std::int64_t& at, bool bigEndian) {
-    const auto chunk = chunkAt(file, at, bigEndian);
+    auto chunk = chunkAt(file, at, bigEndian);
     const bool matters = chunk && (chunk->name == "fmt " || chunk->name == "data");
     if (matters || (chunk && at + 8 + chunk->size <= file.size())) return chunk;
     const std::string text = readText(file, at, longestGap);
