@@ -5,6 +5,10 @@ target_include_directories(orvan_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(orvan_options INTERFACE
     $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wconversion;-Wsign-conversion;-Wshadow;-Wold-style-cast;-Wnon-virtual-dtor;-Woverloaded-virtual;-Wnull-dereference;-Werror>)
 
+# A program's bytes must not tell in which folder it was built.
+target_compile_options(orvan_options INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX,ASM>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+
 if(MINGW)
     # GCC 12 takes some joining of texts for an overlapping copy once all of it is inlined.
     target_compile_options(orvan_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)

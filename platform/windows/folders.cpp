@@ -95,12 +95,13 @@ std::wstring withoutSeparator(std::wstring folder) {
 
 FolderListing listFolders(const std::string& folder) {
     const std::wstring path = withoutSeparator(toWide(folder));
+    const std::wstring start = path + L'\\';
     Names found =
         list(path, [&](const WIN32_FIND_DATAW& entry) { return isSubFolder(path, entry); });
     std::sort(found.names.begin(), found.names.end(), sortsBefore);
     FolderListing listing = {found.error, {}};
     for (const std::wstring& name : found.names)
-        listing.names.push_back(fromWide(path + L'\\' + name));
+        listing.names.push_back(fromWide(start + name));
     return listing;
 }
 

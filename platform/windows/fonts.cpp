@@ -41,7 +41,7 @@ bool isInstalled(const std::wstring& face) {
 }
 
 std::wstring faceFor(const std::string& asked) {
-    const std::wstring wanted = toWide(asked);
+    std::wstring wanted = toWide(asked);
     if (isInstalled(wanted)) return wanted;
     for (const Substitute& substitute : substitutes)
         if (substitute.asked == asked && isInstalled(substitute.face)) return substitute.face;

@@ -89,5 +89,6 @@ class Windows:
             subprocess.run(["wineserver", option], check=True, env=environment)
 
 
-BUILDS = {build.file: build for build in (Linux(), Windows())}
-SYSTEMS = {build.system: build for build in BUILDS.values()}
+def build_of(program):
+    """The build whose program has this file name; a package's is the one for Linux."""
+    return Windows() if pathlib.Path(program).name == Windows.file else Linux()

@@ -1,5 +1,9 @@
 """The list of scenarios: a sentence and what is done, in the order in which they are written."""
 
+import pathlib
+import sys
+import traceback
+
 SCENARIOS = {}
 REASONS = {}  # of the scenarios that drive one system's program only: the system, and why
 
@@ -18,7 +22,53 @@ def scenario(sentence, only=None, because=None):
     return keep
 
 
-def of_system(system):
-    """The sentences of the scenarios that drive this system's program."""
+def of_system(system=None):
+    """The sentences of the scenarios that drive this system's program, or of all."""
     return [sentence for sentence in SCENARIOS
-            if sentence not in REASONS or REASONS[sentence][0] == system]
+            if system is None or REASONS.get(sentence, (system,))[0] == system]
+
+
+def left_out():
+    """A line for each scenario that one system leaves out, with the reason."""
+    return [f'- "{sentence}": {because}.' for sentence, (_, because) in REASONS.items()]
+
+
+def check_list(file):
+    """The status of a check that the file tells of what is left out, and of nothing else."""
+    lines = pathlib.Path(file).read_text().splitlines()
+    missing = [line for line in left_out() if line not in lines]
+    strange = [line for line in lines if line.startswith('- "') and line not in left_out()]
+    for what, wrong in (("has no line", missing), ("has a line of no scenario", strange)):
+        for line in wrong:
+            print(f"{file} {what}: {line}")
+    return 1 if missing or strange else 0
+
+
+def run(new_world):
+    """What a file of scenarios ends in.
+
+    FILE --list [SYSTEM]      lists them, or those that drive one system's program
+    FILE --check-list TEXT    whether a text tells of each scenario that one system leaves out
+    FILE SUBJECT SENTENCE     runs one in a new world
+    """
+    if sys.argv[1] == "--list":
+        print("\n".join(of_system(*sys.argv[2:])))
+        sys.exit(0)
+    if sys.argv[1] == "--check-list":
+        sys.exit(check_list(sys.argv[2]))
+    subject, sentence = sys.argv[1:]
+    sys.exit(perform(SCENARIOS[sentence], new_world(subject)))
+
+
+def perform(function, world):
+    """Runs a scenario in its world and gives the exit status."""
+    try:
+        function(world)
+        return 0
+    except Exception:
+        traceback.print_exc()
+        for player in world.players:
+            print(f"--- what the player said:\n{player.words()}", file=sys.stderr)
+        return 1
+    finally:
+        world.close()

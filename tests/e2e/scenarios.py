@@ -6,17 +6,14 @@ scenarios.py --check-list FILE  whether the file tells of each scenario that one
 scenarios.py PROGRAM SENTENCE   runs one
 """
 
-import pathlib
 import subprocess
-import sys
-import traceback
 
 import docking  # noqa: F401
 import face  # noqa: F401
 import playlist  # noqa: F401
 import sessions  # noqa: F401
 import shell  # noqa: F401
-from scenario import REASONS, SCENARIOS, of_system, scenario
+from scenario import run, scenario
 from sessions import list_field
 from world import WINDOW, Screenshot, World, check, wait_until
 
@@ -164,43 +161,4 @@ def dead_display(world):
     check("display" in player.words().lower(), f"it said: {player.words()!r}")
 
 
-def main():
-    first, second = sys.argv[1:]
-    if first == "--list":
-        print("\n".join(of_system(second)))
-        return 0
-    if first == "--check-list":
-        return check_list(second)
-    return run(first, second)
-
-
-def check_list(file):
-    """Each scenario that one system leaves out is a line of the file, with the reason."""
-    lines = pathlib.Path(file).read_text().splitlines()
-    missing = [line for line in left_out() if line not in lines]
-    strange = [line for line in lines if line.startswith('- "') and line not in left_out()]
-    for what, wrong in (("has no line", missing), ("has a line of no scenario", strange)):
-        for line in wrong:
-            print(f"{file} {what}: {line}")
-    return 1 if missing or strange else 0
-
-
-def left_out():
-    return [f'- "{sentence}": {because}.' for sentence, (_, because) in REASONS.items()]
-
-
-def run(program, sentence):
-    world = World(program)
-    try:
-        SCENARIOS[sentence](world)
-        return 0
-    except Exception:
-        traceback.print_exc()
-        for player in world.players:
-            print(f"--- what the player said:\n{player.words()}", file=sys.stderr)
-        return 1
-    finally:
-        world.close()
-
-
-sys.exit(main())
+run(World)

@@ -12,7 +12,7 @@ import sys
 import tempfile
 import time
 
-from program import BUILDS, ROOT
+from program import ROOT, build_of
 
 sys.path.insert(0, str(ROOT / "tests" / "desktop"))
 import hear  # noqa: E402
@@ -80,17 +80,20 @@ class Screenshot:
 
 
 class Player:
-    """The shipped program, started as a user starts it, from a folder of its own."""
+    """The shipped program, started as a user starts it, from a folder of its own.
 
-    def __init__(self, build, folder, *arguments, **changes):
+    `under` is a command to start it with, such as one that takes rights away.
+    """
+
+    def __init__(self, build, folder, *arguments, log=None, under=(), **changes):
         self.build = build
         environment = {name: value for name, value in {**os.environ, **changes}.items()
                        if value is not None}
-        self.log = pathlib.Path(folder) / "player.log"
+        self.log = log or pathlib.Path(folder) / "player.log"
         with open(self.log, "ab") as log:
             self.process = subprocess.Popen(
-                build.command(pathlib.Path(folder) / build.file, arguments), cwd=folder,
-                env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+                [*under, *build.command(pathlib.Path(folder) / build.file, arguments)],
+                cwd=folder, env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
 
     def windows(self):
         numbers = output_of("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid))
@@ -162,7 +165,7 @@ class World:
 
     def __init__(self, program):
         self.program = program
-        self.build = BUILDS[pathlib.Path(program).name]
+        self.build = build_of(program)
         self.stack = contextlib.ExitStack()
         self.folder = pathlib.Path(self.stack.enter_context(tempfile.TemporaryDirectory()))
         self.players = []
@@ -170,7 +173,10 @@ class World:
     def start(self, *arguments, **changes):
         if not (self.folder / self.build.file).exists():
             shutil.copy2(self.program, self.folder / self.build.file)
-        player = Player(self.build, self.folder, *arguments, **changes)
+        return self.keep(Player(self.build, self.folder, *arguments, **changes))
+
+    def keep(self, player):
+        """Takes a player in, to end with this world."""
         self.players.append(player)
         self.stack.callback(self.end, player.process)
         return player

@@ -1,6 +1,7 @@
 #include "platform/linux/media/decoder.h"
 
 #include "platform/linux/media/mpeg_frames.h"
+#include "platform/linux/media/wave_parts.h"
 
 #include <algorithm>
 #include <array>
@@ -11,15 +12,18 @@
 namespace platform::media {
 namespace {
 
-/// Whether a file names itself, behind any tags, as one of the containers of libsndfile. Nothing
-/// else is given to that library: it takes too much for MPEG audio.
-bool isContainer(FileWindow& file) {
-    constexpr std::array<std::string_view, 10> marks{"RIFF", "RIFX", "RF64", "riff", "FORM",
-                                                     "fLaC", "OggS", ".snd", "caff", "NIST"};
+enum class Container { None, Wave, Other };
+
+/// What a file names itself, behind any tags. Nothing but these is given to libsndfile: it takes
+/// too much for MPEG audio.
+Container containerOf(FileWindow& file) {
+    constexpr std::array<std::string_view, 7> others{"riff", "FORM", "fLaC", "OggS",
+                                                     ".snd", "caff", "NIST"};
     std::array<char, 4> head{};
     file.seek(bytesOfLeadingTags(file));
     const std::string_view start(head.data(), file.read(head.data(), head.size()));
-    return std::ranges::find(marks, start) != marks.end();
+    if (isWaveMark(start)) return Container::Wave;
+    return std::ranges::find(others, start) != others.end() ? Container::Other : Container::None;
 }
 
 MediaError errorOf(int systemError) {
@@ -38,13 +42,24 @@ MediaError errorOf(int systemError) {
 MediaError Decoder::open(const std::string& hostPath) {
     FileWindow file;
     if (const int error = file.open(hostPath); error != 0) return errorOf(error);
-    if (!isContainer(file)) return openMpeg(std::move(file));
-    file.narrow(bytesOfLeadingTags(file), file.size());
+    const Container container = containerOf(file);
+    if (container == Container::None) return openMpeg(std::move(file));
+    const std::int64_t start = bytesOfLeadingTags(file);
+    file.narrow(start, file.size());
+    if (container == Container::Wave) return openWave(std::move(file));
     if (source_.emplace<SoundFileDecoder>().open(std::move(file))) return MediaError::None;
-    // MP3 in a WAV's clothes.
     FileWindow again;
     if (const int error = again.open(hostPath); error != 0) return errorOf(error);
     return openMpeg(std::move(again));
+}
+
+MediaError Decoder::openWave(FileWindow file) {
+    const auto parts = findWaveParts(file);
+    if (!parts) return openMpeg(std::move(file));
+    file.narrow(parts->dataStart, parts->dataEnd);
+    if (parts->isMpeg()) return openMpeg(std::move(file));
+    const bool good = source_.emplace<SoundFileDecoder>().open(std::move(file), parts->header());
+    return good ? MediaError::None : MediaError::NotAudio;
 }
 
 MediaError Decoder::openMpeg(FileWindow file) {

@@ -32,6 +32,8 @@ class Decoder {
   private:
     MediaError openMpeg(FileWindow file);
 
+    MediaError openWave(FileWindow file);
+
     std::variant<std::monostate, MpegDecoder, SoundFileDecoder> source_;
 };
 

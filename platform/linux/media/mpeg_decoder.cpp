@@ -1,11 +1,12 @@
 #include "platform/linux/media/mpeg_decoder.h"
 
-#include "platform/linux/media/mpeg_frames.h"
 #include "platform/linux/media/mpeg_layout.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <mpg123.h>
 #include <utility>
 #include <vector>
@@ -24,6 +25,28 @@ constexpr long mostFramesBeforeSeek = 64;
 
 // After this many frames the decoder's filter stands as before them.
 constexpr std::int64_t filterPeriod = 8;
+
+// Any disk has given up a whole file by then, but for one so slow that the windows would freeze.
+constexpr std::chrono::seconds measurePatience{4};
+constexpr int framesBetweenLooks = 128;
+
+// Encoders count the bytes of the stream a little differently.
+constexpr std::int64_t bytesMayDiffer = 4096;
+
+/// What a whole stream has of something, if a part of its bytes has so much.
+std::int64_t reckoned(std::int64_t counted, std::int64_t bytes, std::int64_t allBytes) {
+    return std::llround(static_cast<double>(counted) * static_cast<double>(allBytes) /
+                        static_cast<double>(bytes));
+}
+
+/// The frames of a stream of which only a part has been read: as its info frame tells, if that
+/// fits the file, else as many as follow from the part.
+std::int64_t framesFrom(const MpegLayout& part, const std::optional<EncoderPadding>& told,
+                        std::int64_t start, std::int64_t size) {
+    if (part.whole) return part.frames;
+    const bool fits = told && told->frames > 0 && std::abs(told->bytes - size) <= bytesMayDiffer;
+    return fits ? told->frames : reckoned(part.frames, part.end - start, size - start);
+}
 
 /// The frames to decode ahead of a new place, so that what follows comes out as if all had been.
 long framesBeforeSeek(int smallestBody) {
@@ -95,7 +118,8 @@ bool MpegDecoder::measure() {
     file_->seek(0);
     if (!goesOn(mpg123_framebyframe_next(handle_.get()))) return false;
     frameSamples_ = mpg123_spf(handle_.get());
-    if (!measureByHeaders() && !measureByDecoder()) return false;
+    const Until until = std::chrono::steady_clock::now() + measurePatience;
+    if (!measureByHeaders(padding, until) && !measureByDecoder(until)) return false;
 
     frames_ = samples_;
     if (!padding || padding->frames == 0) return frames_ > 0;
@@ -108,26 +132,29 @@ bool MpegDecoder::measure() {
 }
 
 /// The usual file: nothing but frames. Their headers tell all, and far sooner than a decoder.
-bool MpegDecoder::measureByHeaders() {
+bool MpegDecoder::measureByHeaders(const std::optional<EncoderPadding>& told, Until until) {
     const std::int64_t resumeAt = file_->position();
-    const auto layout = readMpegLayout(*file_, mpg123_framepos(handle_.get()));
+    const std::int64_t start = mpg123_framepos(handle_.get());
+    const auto layout = readMpegLayout(*file_, start, until);
     file_->seek(resumeAt);
     if (!layout || layout->frames == 0) return false;
     const auto header = mpegHeaderAt(*file_, layout->index.front());
     file_->seek(resumeAt);
 
-    samples_ = layout->frames * header->samples;
-    framesAhead_ = framesBeforeSeek(layout->smallestFrame - headerBytes - header->sideBytes);
+    samples_ = framesFrom(*layout, told, start, file_->size()) * header->samples;
+    const int smallestBody = layout->smallestFrame - headerBytes - header->sideBytes;
+    framesAhead_ = layout->whole ? framesBeforeSeek(smallestBody) : mostFramesBeforeSeek;
     index_.assign(layout->index.begin(), layout->index.end());
     indexStep_ = MpegLayout::indexStep;
     return true;
 }
 
 /// Junk between frames, free format, changes of rate: counts what the decoder finds.
-bool MpegDecoder::measureByDecoder() {
+bool MpegDecoder::measureByDecoder(Until until) {
     framesAhead_ = mostFramesBeforeSeek;
     samples_ = 0;
     int result = MPG123_OK;
+    int frames = 0;
     while (goesOn(result)) {
         unsigned long word = 0;
         unsigned char* body = nullptr;
@@ -136,6 +163,12 @@ bool MpegDecoder::measureByDecoder() {
         const auto header = readMpegHeader(static_cast<std::uint32_t>(word));
         if (header) samples_ += std::int64_t{header->samples} * format_.rate / header->rate;
         result = mpg123_framebyframe_next(handle_.get());
+        const std::int64_t place = mpg123_framepos(handle_.get());
+        if (++frames % framesBetweenLooks == 0 && place > 0 &&
+            std::chrono::steady_clock::now() >= until) {
+            samples_ = reckoned(samples_, place, file_->size());
+            break;
+        }
     }
     off_t* places = nullptr;
     off_t step = 0;

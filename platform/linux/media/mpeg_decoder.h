@@ -1,11 +1,14 @@
 #pragma once
 
 #include "platform/linux/media/file_window.h"
+#include "platform/linux/media/mpeg_frames.h"
 #include "platform/linux/media/sound_format.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 struct mpg123_handle_struct;
@@ -32,8 +35,9 @@ class MpegDecoder {
     bool prepare();
     bool rewind();
     bool measure();
-    bool measureByHeaders();
-    bool measureByDecoder();
+    using Until = std::chrono::steady_clock::time_point;
+    bool measureByHeaders(const std::optional<EncoderPadding>& told, Until until);
+    bool measureByDecoder(Until until);
 
     std::unique_ptr<FileWindow> file_; ///< at a fixed place: the library holds its address
     std::unique_ptr<mpg123_handle_struct, Closer> handle_;

@@ -13,6 +13,7 @@ constexpr std::uint32_t freeFormatBits = 0xFFFEFC00;
 constexpr std::int64_t longestGarbage = std::int64_t{8} * 1024 * 1024;
 constexpr int longestFreeFrame = 3456;
 constexpr int framesToBelieve = 3;
+constexpr int headerBytes = 4;
 
 constexpr std::array<std::array<int, 15>, 5> bitRates{{
     {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448}, // MPEG-1 layer I
@@ -151,7 +152,7 @@ bool framesRunFrom(FileWindow& file, std::int64_t position, std::int64_t end, bo
         position += size;
         if (position > end) return atStart && whole > 0;
         ++whole;
-        if (position == end) return atStart;
+        if (end - position < headerBytes) return atStart;
     }
     return true;
 }
@@ -231,7 +232,10 @@ std::optional<EncoderPadding> readEncoderPadding(FileWindow& file) {
         info.frames = bigEndian(tag + at);
         at += 4;
     }
-    if ((flags & 2) != 0) at += 4;
+    if ((flags & 2) != 0) {
+        info.bytes = bigEndian(tag + at);
+        at += 4;
+    }
     if ((flags & 4) != 0) at += 100;
     if ((flags & 8) != 0) at += 4;
     if (tag[at] == 0) return info;

@@ -35,7 +35,8 @@ bool narrowToMpegSound(FileWindow& file);
 
 /// The samples that an encoder put before and behind the sound, as its info frame tells them.
 struct EncoderPadding {
-    std::int64_t frames = 0; ///< announced, without the info frame itself
+    std::int64_t frames = 0; ///< announced, without the info frame itself; 0 if not told
+    std::int64_t bytes = 0;  ///< announced, of all frames with the info frame; 0 if not told
     std::int64_t delay = 0;
     std::int64_t padding = 0;
 };

@@ -6,7 +6,8 @@
 
 namespace platform::media {
 
-std::optional<MpegLayout> readMpegLayout(FileWindow& file, std::int64_t start) {
+std::optional<MpegLayout> readMpegLayout(FileWindow& file, std::int64_t start,
+                                         std::chrono::steady_clock::time_point until) {
     const auto first = mpegHeaderAt(file, start);
     if (!first) return std::nullopt;
     MpegLayout layout;
@@ -17,11 +18,16 @@ std::optional<MpegLayout> readMpegLayout(FileWindow& file, std::int64_t start) {
         if (!header || header->bytes == 0 || !sameStream(header->word, first->word))
             return std::nullopt;
         if (at + header->bytes > file.size()) break; // a last frame that was cut can't be decoded
-        if (layout.frames % MpegLayout::indexStep == 0) layout.index.push_back(at);
+        if (layout.frames % MpegLayout::indexStep == 0) {
+            layout.whole = layout.frames == 0 || std::chrono::steady_clock::now() < until;
+            if (!layout.whole) break;
+            layout.index.push_back(at);
+        }
         layout.smallestFrame = std::min(layout.smallestFrame, header->bytes);
         ++layout.frames;
         at += header->bytes;
     }
+    layout.end = at;
     return layout;
 }
 

@@ -13,25 +13,28 @@ namespace {
 // Frames mixed at a time: keeps the buffer small for files of very many channels.
 constexpr std::size_t mixFrames = 1024;
 
-sf_count_t fileSize(void* file) { return static_cast<FileWindow*>(file)->size(); }
+using Source = SoundFileDecoder::Source;
 
-sf_count_t seekFile(sf_count_t offset, int origin, void* file) {
-    auto* window = static_cast<FileWindow*>(file);
+sf_count_t fileSize(void* source) { return static_cast<Source*>(source)->size(); }
+
+sf_count_t seekFile(sf_count_t offset, int origin, void* to) {
+    auto* source = static_cast<Source*>(to);
     std::int64_t start = 0;
-    if (origin == SEEK_CUR) start = window->position();
-    if (origin == SEEK_END) start = window->size();
-    window->seek(start + offset);
-    return window->position();
+    if (origin == SEEK_CUR) start = source->at;
+    if (origin == SEEK_END) start = source->size();
+    source->at = std::clamp<std::int64_t>(start + offset, 0, source->size());
+    return source->at;
 }
 
-sf_count_t readFile(void* to, sf_count_t size, void* file) {
-    return static_cast<sf_count_t>(static_cast<FileWindow*>(file)->read(
-        to, static_cast<std::size_t>(std::max<sf_count_t>(0, size))));
+sf_count_t readFile(void* to, sf_count_t size, void* source) {
+    const auto count = static_cast<std::size_t>(std::max<sf_count_t>(0, size));
+    return static_cast<sf_count_t>(
+        static_cast<Source*>(source)->read(static_cast<char*>(to), count));
 }
 
 sf_count_t writeNothing(const void*, sf_count_t, void*) { return 0; }
 
-sf_count_t positionOf(void* file) { return static_cast<FileWindow*>(file)->position(); }
+sf_count_t positionOf(void* source) { return static_cast<Source*>(source)->at; }
 
 sf_count_t readFrames(SNDFILE* sound, short* to, sf_count_t count) {
     return sf_readf_short(sound, to, count);
@@ -58,19 +61,35 @@ SampleKind kindOf(int format) {
     }
 }
 
+bool isMpeg(int format) {
+    const int sub = format & SF_FORMAT_SUBMASK;
+    return (format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG ||
+           (sub >= SF_FORMAT_MPEG_LAYER_I && sub <= SF_FORMAT_MPEG_LAYER_III);
+}
+
 } // namespace
 
 void SoundFileDecoder::Closer::operator()(sf_private_tag* file) const { sf_close(file); }
 
-bool SoundFileDecoder::open(FileWindow file) {
-    file_ = std::make_unique<FileWindow>(std::move(file));
-    file_->seek(0);
+std::size_t SoundFileDecoder::Source::read(char* to, std::size_t count) {
+    const std::size_t place = std::min(static_cast<std::size_t>(at), head.size());
+    std::size_t done = head.copy(to, count, place);
+    if (done < count) {
+        file.seek(at + static_cast<std::int64_t>(done) - static_cast<std::int64_t>(head.size()));
+        done += file.read(to + done, count - done);
+    }
+    at += static_cast<std::int64_t>(done);
+    return done;
+}
+
+bool SoundFileDecoder::open(FileWindow file, std::string head) {
+    source_ = std::make_unique<Source>(Source{std::move(head), std::move(file)});
     SF_VIRTUAL_IO callbacks{fileSize, seekFile, readFile, writeNothing, positionOf};
     SF_INFO info{};
-    sound_.reset(sf_open_virtual(&callbacks, SFM_READ, &info, file_.get()));
+    sound_.reset(sf_open_virtual(&callbacks, SFM_READ, &info, source_.get()));
     if (!sound_) return false;
     // Frames of MPEG audio are found more strictly elsewhere.
-    if ((info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_MPEG) return false;
+    if (isMpeg(info.format)) return false;
     if (info.frames <= 0 || info.channels <= 0 || info.seekable == 0) return false;
     if (info.samplerate < lowestRate || info.samplerate > highestRate) return false;
     format_ = {info.samplerate, kindOf(info.format)};

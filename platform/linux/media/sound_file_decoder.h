@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 struct sf_private_tag;
@@ -15,13 +16,24 @@ namespace platform::media {
 /// WAV and its like, by libsndfile. Any number of channels, mixed down to two.
 class SoundFileDecoder {
   public:
-    /// Takes over a whole file. False if it is none that can be heard.
-    bool open(FileWindow file);
+    /// Takes over a whole file, to be read as if it began with `head`. False if it is none that
+    /// can be heard.
+    bool open(FileWindow file, std::string head = {});
 
     SoundFormat format() const { return format_; }
     std::int64_t frames() const { return frames_; }
     bool seek(std::int64_t frame);
     std::size_t read(std::byte* to, std::size_t count);
+
+    /// What the library reads: some bytes of ours, and then the file's.
+    struct Source {
+        std::string head;
+        FileWindow file;
+        std::int64_t at = 0;
+
+        std::int64_t size() const { return static_cast<std::int64_t>(head.size()) + file.size(); }
+        std::size_t read(char* to, std::size_t count);
+    };
 
   private:
     struct Closer {
@@ -31,7 +43,7 @@ class SoundFileDecoder {
     template <class Sample>
     std::size_t readSamples(std::byte* to, std::size_t count, std::vector<Sample>& mixBuffer);
 
-    std::unique_ptr<FileWindow> file_; ///< at a fixed place: the library holds its address
+    std::unique_ptr<Source> source_; ///< at a fixed place: the library holds its address
     std::unique_ptr<sf_private_tag, Closer> sound_;
     SoundFormat format_;
     std::int64_t frames_ = 0;

@@ -95,6 +95,7 @@ TEST_CASE("a tag of a quarter of a gigabyte costs no memory") {
         file.seekp((std::int64_t{1} << 28) - 10 + 10 - 1 - 9);
         file << sound;
     }
+    checkNextFilePlays(); // what the first file of a process costs is another matter
     rusage before{};
     rusage after{};
     ::getrusage(RUSAGE_SELF, &before);

@@ -1,10 +1,9 @@
 #include "platform/media.h"
+#include "tests/sound/support/patience.h"
 #include "tests/sound/support/player_calls.h"
 #include "tests/sound/support/sound_files.h"
 #include "tests/sound/support/sound_server.h"
 
-#include <algorithm>
-#include <chrono>
 #include <doctest/doctest.h>
 
 using namespace sound_test;
@@ -12,20 +11,6 @@ using namespace sound_test;
 namespace {
 
 constexpr std::uint32_t noSoundServer = 279;
-
-/// The longest that any call to the device took.
-class Patience {
-  public:
-    template <class Call>
-    auto operator()(const Call& call) {
-        const auto start = std::chrono::steady_clock::now();
-        auto answer = call();
-        const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-        longest = std::max(longest, passed.count());
-        return answer;
-    }
-    double longest = 0;
-};
 
 const std::string& longTone() {
     static const std::string path = encode("long", tone(440, 30'000), "-b 128");

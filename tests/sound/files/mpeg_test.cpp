@@ -1,4 +1,5 @@
 #include "platform/linux/media/decoder.h"
+#include "tests/sound/files/layer_one.h"
 #include "tests/sound/files/reference.h"
 #include "tests/sound/support/sound_files.h"
 
@@ -113,6 +114,25 @@ TEST_CASE("layer II plays as layer III does") {
         checkWhole(path);
         checkPlaces(path);
     }
+}
+
+TEST_CASE("layer I plays as layer III does") {
+    for (const LayerOne& kind : {LayerOne{}, LayerOne{.channels = 1}, LayerOne{.padded = true},
+                                 LayerOne{.channels = 1, .freeFormat = true},
+                                 LayerOne{.channels = 1, .freeFormat = true, .padded = true}}) {
+        const std::string path = write("one.mp1", layerOne(kind));
+        checkWhole(path);
+        checkPlaces(path);
+        media::Decoder decoder;
+        REQUIRE(decoder.open(path) == MediaError::None);
+        CHECK(decoder.frames() == std::int64_t{384} * kind.frames);
+    }
+}
+
+TEST_CASE("two frames and a few bytes are sound enough") {
+    const Bytes frames = readAll(encode("few", noise(500), "-b 128 -t"));
+    for (const std::size_t bytes : {835U, 836U, 838U})
+        checkWhole(write("two.mp3", frames.substr(0, bytes)));
 }
 
 TEST_CASE("what the encoder put around the sound is left out") {

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <mpg123.h>
 #include <sndfile.h>
+#include <stdexcept>
 
 namespace sound_test {
 
@@ -34,6 +35,21 @@ std::int64_t framesBySndfile(const std::string& path) {
         frames += got;
     sf_close(file);
     return frames;
+}
+
+std::string writeBySndfile(const std::string& name, const Samples& samples, int format) {
+    SF_INFO info{};
+    info.format = format;
+    info.channels = samples.channels;
+    info.samplerate = samples.rate;
+    std::string path = folder() + name;
+    SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+    const auto count = static_cast<sf_count_t>(samples.values.size());
+    const bool good =
+        file != nullptr && sf_write_short(file, samples.values.data(), count) == count;
+    sf_close(file);
+    if (!good) throw std::runtime_error("cannot write " + path);
+    return path;
 }
 
 } // namespace sound_test

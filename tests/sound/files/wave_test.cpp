@@ -2,8 +2,13 @@
 #include "tests/sound/files/reference.h"
 #include "tests/sound/support/sound_files.h"
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <doctest/doctest.h>
+#include <fstream>
+#include <random>
+#include <sndfile.h>
 
 using namespace platform;
 using namespace sound_test;
@@ -19,6 +24,28 @@ std::int64_t framesToTheEnd(media::Decoder& decoder) {
     return frames;
 }
 
+/// Any place sounds as it does when the file is decoded from its start.
+void checkPlaces(const std::string& path) {
+    CAPTURE(path);
+    media::Decoder decoder;
+    REQUIRE(decoder.open(path) == MediaError::None);
+    const std::size_t size = decoder.format().bytesPerFrame();
+    const auto frames = static_cast<std::size_t>(decoder.frames());
+    std::vector<std::byte> all(frames * size);
+    REQUIRE(decoder.seek(0));
+    REQUIRE(decoder.read(all.data(), frames) == frames);
+    std::minstd_rand random(3);
+    std::vector<std::byte> some(300 * size);
+    for (int i = 0; i < 200; ++i) {
+        const std::size_t from = random() % frames;
+        const std::size_t count = std::min<std::size_t>(300, frames - from);
+        CAPTURE(from);
+        REQUIRE(decoder.seek(static_cast<std::int64_t>(from)));
+        REQUIRE(decoder.read(some.data(), 300) == count);
+        CHECK(std::memcmp(some.data(), all.data() + from * size, count * size) == 0);
+    }
+}
+
 void checkLength(const std::string& path, std::int64_t frames) {
     CAPTURE(path);
     media::Decoder decoder;
@@ -26,6 +53,19 @@ void checkLength(const std::string& path, std::int64_t frames) {
     CHECK(decoder.frames() == frames);
     CHECK(framesBySndfile(path) == frames);
     CHECK(framesToTheEnd(decoder) == frames);
+}
+
+/// Plays exactly these 16-bit samples of two channels.
+void checkOwnSamples(const std::string& path, const Bytes& data) {
+    CAPTURE(path);
+    media::Decoder decoder;
+    REQUIRE(decoder.open(path) == MediaError::None);
+    const std::size_t frames = data.size() / 4;
+    CHECK(decoder.frames() == static_cast<std::int64_t>(frames));
+    std::vector<std::byte> samples(data.size() + 400);
+    REQUIRE(decoder.seek(0));
+    REQUIRE(decoder.read(samples.data(), frames + 100) == frames);
+    CHECK(std::memcmp(samples.data(), data.data(), data.size()) == 0);
 }
 
 Bytes dataOf(const Samples& samples) {
@@ -79,6 +119,111 @@ TEST_CASE("a WAV of any number of channels and any rate plays on two sides") {
         checkLength(write("rate.wav", wave(tone(440, 1000, rate))), rate);
 }
 
+TEST_CASE("a WAV of every make sounds at any place as from its start") {
+    struct Row {
+        const char* name;
+        int format;
+        int channels = 2;
+        int rate = 44100;
+    };
+    for (const Row& row : {
+             Row{"big-16.wav", SF_FORMAT_WAV | SF_ENDIAN_BIG | SF_FORMAT_PCM_16},
+             Row{"big-24.wav", SF_FORMAT_WAV | SF_ENDIAN_BIG | SF_FORMAT_PCM_24, 1, 96000},
+             Row{"big-float.wav", SF_FORMAT_WAV | SF_ENDIAN_BIG | SF_FORMAT_FLOAT},
+             Row{"64-bit-sizes.wav", SF_FORMAT_RF64 | SF_FORMAT_PCM_16},
+             Row{"64-bit-sizes-float.wav", SF_FORMAT_RF64 | SF_FORMAT_FLOAT, 6, 48000},
+             Row{"extended-8.wav", SF_FORMAT_WAVEX | SF_FORMAT_PCM_U8, 1, 8000},
+             Row{"extended-24.wav", SF_FORMAT_WAVEX | SF_FORMAT_PCM_24, 6},
+             Row{"extended-32.wav", SF_FORMAT_WAVEX | SF_FORMAT_PCM_32, 8, 192000},
+             Row{"extended-double.wav", SF_FORMAT_WAVEX | SF_FORMAT_DOUBLE, 208, 8000},
+             Row{"extended-a-law.wav", SF_FORMAT_WAVEX | SF_FORMAT_ALAW, 2, 8000},
+             Row{"extended-mu-law.wav", SF_FORMAT_WAVEX | SF_FORMAT_ULAW, 1, 11025},
+             Row{"ima-adpcm.wav", SF_FORMAT_WAV | SF_FORMAT_IMA_ADPCM},
+             Row{"ima-adpcm-mono.wav", SF_FORMAT_WAV | SF_FORMAT_IMA_ADPCM, 1, 8000},
+             Row{"ms-adpcm.wav", SF_FORMAT_WAV | SF_FORMAT_MS_ADPCM},
+             Row{"ms-adpcm-mono.wav", SF_FORMAT_WAV | SF_FORMAT_MS_ADPCM, 1, 22050},
+         }) {
+        const std::string path =
+            writeBySndfile(row.name, noise(700, row.rate, row.channels), row.format);
+        checkLength(path, framesBySndfile(path));
+        checkPlaces(path);
+    }
+}
+
+TEST_CASE("a WAV whose writer never came back to fill in its sizes plays whole") {
+    const Bytes format = chunk("fmt ", waveFormat(1, 2, 44100, 16));
+    const Bytes data = dataOf(noise(1000));
+    for (const std::uint32_t claimed : {0U, 0xFFFFFFFFU, 0x7FFFFFFFU, 0x80000000U})
+        for (const Bytes& sizeOfAll : {Bytes(4, '\0'), Bytes(4, '\xFF'), Bytes("\x24\0\0\0", 4)}) {
+            Bytes bytes = riff(format + chunk("data", data, claimed));
+            bytes.replace(4, 4, sizeOfAll);
+            checkOwnSamples(write("open.wav", bytes), data);
+            bytes.replace(0, 4, "RF64");
+            checkOwnSamples(write("open-64.wav", bytes), data);
+        }
+
+    Bytes packed =
+        readAll(writeBySndfile("open-ima.wav", noise(1000), SF_FORMAT_WAV | SF_FORMAT_IMA_ADPCM));
+    const std::string closed = write("closed-ima.wav", packed);
+    packed.replace(packed.find("data") + 4, 4, 4, '\0');
+    checkPlaces(write("open-ima.wav", packed));
+    media::Decoder whole;
+    media::Decoder open;
+    REQUIRE(whole.open(closed) == MediaError::None);
+    REQUIRE(open.open(folder() + "open-ima.wav") == MediaError::None);
+    CHECK(open.frames() == whole.frames());
+}
+
+TEST_CASE("chunks out of order, twice, with gaps or nonsense between them hide no sound") {
+    const Bytes format = chunk("fmt ", waveFormat(1, 2, 44100, 16));
+    const Bytes data = dataOf(noise(500));
+    Bytes uneven = chunk("LIST", "INFOodd");
+    uneven.pop_back();
+    for (const Bytes& chunks : {
+             chunk("data", data) + format,
+             format + chunk("data", data) + chunk("data", data),
+             uneven + format + chunk("data", data),
+             format + Bytes(6, '\0') + chunk("data", data),
+             chunk("junk", "", 0xFFFFFFF0) + format + Bytes(333, '\xE4') + chunk("data", data),
+             uneven + format + uneven + chunk("data", data),
+         })
+        checkOwnSamples(write("disorder.wav", riff(chunks)), data);
+}
+
+TEST_CASE("a chunk that is cut short hides no sound before it, and holds nobody up") {
+    const Bytes format = chunk("fmt ", waveFormat(1, 2, 44100, 16));
+    const Bytes data = dataOf(noise(500));
+    const Bytes list = chunk("LIST", "INFOI" + Bytes(90, '\xFF'), 1885);
+    checkOwnSamples(write("cut-list.wav", riff(format + chunk("data", data) + list)), data);
+    media::Decoder decoder;
+    CHECK(decoder.open(write("list.wav", riff(list))) == MediaError::NotAudio);
+    CHECK(decoder.open(write("list-first.wav", riff(list + format))) == MediaError::NotAudio);
+}
+
+TEST_CASE("a WAV of more than four gigabytes has its true length, and its end is found") {
+    const std::string path = folder() + "long.wav";
+    constexpr std::int64_t frames = 1'250'000'000;
+    Bytes sizes(28, '\0');
+    for (std::size_t i = 0; i < 8; ++i)
+        sizes[8 + i] = static_cast<char>(frames * 4 >> 8 * i & 0xFF);
+    Bytes head = riff(chunk("ds64", sizes) + chunk("fmt ", waveFormat(1, 2, 44100, 16)) +
+                      chunk("data", "", 0xFFFFFFFF));
+    head.replace(0, 4, "RF64");
+    {
+        std::ofstream file(path, std::ios::binary);
+        file << head;
+        file.seekp(static_cast<std::streamoff>(head.size()) + frames * 4 - 4);
+        file << "last" << chunk("LIST", "INFO" + Bytes(100, 'y'));
+    }
+    media::Decoder decoder;
+    REQUIRE(decoder.open(path) == MediaError::None);
+    CHECK(decoder.frames() == frames);
+    REQUIRE(decoder.seek(frames - 1));
+    std::array<std::byte, 8> samples{};
+    CHECK(decoder.read(samples.data(), 2) == 1);
+    CHECK(std::memcmp(samples.data(), "last", 4) == 0);
+}
+
 TEST_CASE("chunks around the data do not sound") {
     const Samples samples = tone(440, 1000);
     const Bytes format = chunk("fmt ", waveFormat(1, 2, 44100, 16));
@@ -102,7 +247,8 @@ TEST_CASE("a data size past the end of the file means the end of the file") {
 TEST_CASE("a WAV without sound does not open") {
     const Bytes format = chunk("fmt ", waveFormat(1, 2, 44100, 16));
     for (const Bytes& bytes :
-         {riff(""), riff(format), riff(format + chunk("data", "")), Bytes("RIFF"),
+         {riff(""), riff(format), riff(format + chunk("data", "")),
+          riff(format + chunk("data", "") + chunk("LIST", "INFO" + Bytes(99, 'y'))), Bytes("RIFF"),
           riff(chunk("fmt ", waveFormat(1, 0, 44100, 16)) + chunk("data", "abcdefgh")),
           riff(chunk("fmt ", waveFormat(1, 2, 0, 16)) + chunk("data", "abcdefgh")),
           riff(chunk("fmt ", waveFormat(1, 2, 2'000'000'000, 16)) + chunk("data", "abcdefgh"))}) {
@@ -111,12 +257,19 @@ TEST_CASE("a WAV without sound does not open") {
     }
 }
 
-TEST_CASE("an MP3 in a WAV's clothes plays as the MP3 that it is") {
+TEST_CASE("an MP3 in a WAV's clothes plays as the MP3 that it is, and the clothes do not sound") {
     const Bytes frames = readAll(encode("inner", noise(2000), "-b 128"));
-    media::Decoder decoder;
-    REQUIRE(decoder.open(write("clothes.wav", riff(chunk("fmt ", waveFormat(0x55, 2, 44100, 0)) +
-                                                   chunk("data", frames)))) == MediaError::None);
-    CHECK(decoder.frames() == 88'200);
+    const Bytes described =
+        waveFormat(0x55, 2, 44100, 0) + Bytes("\x0C\0\x01\0\x02\0\0\0\xA1\x01\x01\0\x71\x05", 14);
+    for (const Bytes& format : {waveFormat(0x55, 2, 44100, 0), described}) {
+        for (const Bytes& more : {Bytes(), chunk("id3 ", "ID3" + frames.substr(1000, 9000))}) {
+            media::Decoder decoder;
+            const Bytes chunks = chunk("fmt ", format) + chunk("data", frames) + more;
+            REQUIRE(decoder.open(write("clothes.wav", riff(chunks))) == MediaError::None);
+            CHECK(decoder.frames() == 88'200);
+            CHECK(framesToTheEnd(decoder) == 88'200);
+        }
+    }
 }
 
 TEST_CASE("a WAV behind an ID3 tag plays as the WAV that it is") {

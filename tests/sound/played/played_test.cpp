@@ -1,4 +1,3 @@
-#include "platform/media.h"
 #include "tests/sound/support/player_calls.h"
 #include "tests/sound/support/sound_files.h"
 #include "tests/sound/support/sound_server.h"
@@ -6,25 +5,10 @@
 #include <algorithm>
 #include <chrono>
 #include <doctest/doctest.h>
-#include <optional>
 
 using namespace sound_test;
 
 namespace {
-
-// The recorder is given sound up to this much ahead of its time. Where the output takes something
-// back (at each start, pause and seek), that much of the recording's seam can't be trusted.
-constexpr std::size_t seam = 1103;
-
-/// Where in the source a recorded stretch begins, if it is one piece of it, sample for sample.
-std::optional<std::size_t> placeOf(const std::vector<std::int16_t>& recorded, Stretch stretch,
-                                   const std::vector<std::int16_t>& source) {
-    const auto begin = recorded.begin() + static_cast<std::ptrdiff_t>(stretch.start * 2);
-    const auto end = recorded.begin() + static_cast<std::ptrdiff_t>(stretch.end * 2);
-    const auto found = std::search(source.begin(), source.end(), begin, end);
-    if (found == source.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - source.begin()) / 2;
-}
 
 /// How many frames from the stretch's start on are one piece of the source.
 std::size_t unbroken(const std::vector<std::int16_t>& recorded, Stretch stretch,
@@ -34,19 +18,6 @@ std::size_t unbroken(const std::vector<std::int16_t>& recorded, Stretch stretch,
            recorded[2 * (stretch.start + frame)] == source[2 * (place + frame)])
         ++frame;
     return frame;
-}
-
-constexpr std::size_t framesOf(int milliseconds) {
-    return static_cast<std::size_t>(milliseconds) * 44'100 / 1000;
-}
-
-/// Noise without a silent frame, so that a recording shows each frame.
-Samples loudNoise(int milliseconds) {
-    Samples samples = noise(milliseconds);
-    for (std::int16_t& value : samples.values) {
-        if (value == 0) value = 1;
-    }
-    return samples;
 }
 
 bool finished() { return position() == length(); }
@@ -198,60 +169,4 @@ TEST_CASE("the position is the length only once the end has sounded") {
     CHECK(position() == 1500);
     REQUIRE(playAll() == 0);
     CHECK(position() < 1000);
-}
-
-TEST_CASE("each side has its own volume, and the server's mixer shows it") {
-    const SoundServer server;
-    REQUIRE(platform::waveOutGetNumDevs() == 1);
-    REQUIRE(platform::waveOutSetVolume(0, 0x8000FFFF) == 0);
-    Recording recording;
-    const OpenFile file(write("sides.wav", wave(tone(440, 1500))));
-    REQUIRE(playAll() == 0);
-    REQUIRE(waitUntil([] { return position() > 200; }));
-    const std::string inputs = server.control("list sink-inputs");
-    CHECK(inputs.find("Orvan Music Player") != std::string::npos);
-    CHECK(inputs.find("65536 / 100%") != std::string::npos);
-    CHECK(inputs.find("32769 /  50%") != std::string::npos);
-    REQUIRE(waitUntil(finished));
-    const auto heard = recording.finish();
-    const auto stretches = stretchesOf(heard, 2000);
-    REQUIRE(stretches.size() == 1);
-    CHECK(levelOf(heard, stretches[0], 0) == doctest::Approx(11585).epsilon(0.02));
-    CHECK(levelOf(heard, stretches[0], 1) == doctest::Approx(11585.0 / 8).epsilon(0.05));
-}
-
-TEST_CASE("every volume set reads back, with a file playing and without") {
-    const SoundServer server;
-    REQUIRE(platform::waveOutGetNumDevs() == 1);
-    const auto roundTrips = [](std::uint32_t word) {
-        std::uint32_t back = 0;
-        return platform::waveOutSetVolume(0, word) == 0 &&
-               platform::waveOutGetVolume(0, &back) == 0 && back == word;
-    };
-    for (const std::uint32_t word :
-         {0x00000000U, 0x7E907E90U, 0x80008002U, 0xFD20FD22U, 0xFFFEFFFFU})
-        CHECK(roundTrips(word));
-    const OpenFile file(write("volume.wav", wave(tone(440, 5000))));
-    REQUIRE(playAll() == 0);
-    REQUIRE(waitUntil([] { return position() > 100; }));
-    for (const std::uint32_t word : {0x00000000U, 0x7E907E90U, 0x80008002U, 0xFFFEFFFFU})
-        CHECK(roundTrips(word));
-}
-
-TEST_CASE("a change in the desktop's mixer is seen, and kept for the next file") {
-    const SoundServer server;
-    REQUIRE(platform::waveOutGetNumDevs() == 1);
-    REQUIRE(platform::waveOutSetVolume(0, 0xFFFFFFFF) == 0);
-    std::uint32_t volume = 0;
-    {
-        const OpenFile file(write("mixer.wav", wave(tone(440, 5000))));
-        REQUIRE(playAll() == 0);
-        REQUIRE(waitUntil([] { return position() > 100; }));
-        const std::string list = server.control("list short sink-inputs");
-        server.control("set-sink-input-volume " + list.substr(0, list.find('\t')) + " 16384 49152");
-        CHECK(waitUntil(
-            [&] { return platform::waveOutGetVolume(0, &volume) == 0 && volume == 0xBFFF4000; }));
-    }
-    CHECK(platform::waveOutGetVolume(0, &volume) == 0);
-    CHECK(volume == 0xBFFF4000);
 }

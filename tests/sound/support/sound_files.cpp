@@ -94,6 +94,14 @@ Samples noise(int milliseconds, int rate, int channels) {
     return samples;
 }
 
+Samples loudNoise(int milliseconds) {
+    Samples samples = noise(milliseconds);
+    for (std::int16_t& value : samples.values) {
+        if (value == 0) value = 1;
+    }
+    return samples;
+}
+
 Samples joined(Samples first, const Samples& second) {
     first.values.insert(first.values.end(), second.values.begin(), second.values.end());
     return first;

@@ -30,6 +30,9 @@ Samples tone(double hertz, int milliseconds, int rate = 44100, int channels = 2)
 /// Ever-changing sound that no two places of have in common.
 Samples noise(int milliseconds, int rate = 44100, int channels = 2);
 
+/// Noise without a silent frame, so that a recording shows each frame.
+Samples loudNoise(int milliseconds);
+
 Samples joined(Samples first, const Samples& second);
 
 /// One chunk of a RIFF file; `size` is what it claims.

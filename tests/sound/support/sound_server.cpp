@@ -2,6 +2,7 @@
 
 #include "tests/sound/support/sound_files.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
@@ -44,7 +45,7 @@ pid_t launch(const std::vector<std::string>& words, const std::string& output) {
     ::_exit(127);
 }
 
-void end(pid_t& process, int signal) {
+void endBy(pid_t& process, int signal) {
     if (process == 0) return;
     ::kill(process, signal);
     ::waitpid(process, nullptr, 0);
@@ -82,7 +83,7 @@ SoundServer::SoundServer(Begin begin) {
 }
 
 SoundServer::~SoundServer() {
-    end(process_, SIGKILL);
+    endBy(process_, SIGKILL);
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
 }
@@ -103,7 +104,9 @@ void SoundServer::start() {
         throw std::runtime_error("the sound server does not start");
 }
 
-void SoundServer::kill() { end(process_, SIGKILL); }
+void SoundServer::kill() { endBy(process_, SIGKILL); }
+
+void SoundServer::end() { endBy(process_, SIGTERM); }
 
 void SoundServer::freeze() { ::kill(process_, SIGSTOP); }
 
@@ -120,9 +123,9 @@ std::string SoundServer::control(const std::string& words) const {
     return output;
 }
 
-Recording::Recording() : path_(folder() + "recording.raw") {
+Recording::Recording(const std::string& output) : path_(folder() + "recording.raw") {
     std::filesystem::remove(path_);
-    process_ = launch({"parec", "-d", "out.monitor", "--format=s16le", "--rate=44100",
+    process_ = launch({"parec", "-d", output + ".monitor", "--format=s16le", "--rate=44100",
                        "--channels=2", "--latency-msec=20", "--raw"},
                       path_);
     // It delivers nothing for its first second or two, and what sounds then is lost.
@@ -133,7 +136,7 @@ Recording::Recording() : path_(folder() + "recording.raw") {
         throw std::runtime_error("the recorder hears nothing");
 }
 
-Recording::~Recording() { end(process_, SIGKILL); }
+Recording::~Recording() { endBy(process_, SIGKILL); }
 
 std::vector<std::int16_t> Recording::finish() {
     constexpr std::size_t rest = 22'050;
@@ -145,7 +148,7 @@ std::vector<std::int16_t> Recording::finish() {
             ++silent;
         return silent >= rest && silent < frames;
     });
-    end(process_, SIGKILL);
+    endBy(process_, SIGKILL);
     return samplesOf(path_);
 }
 
@@ -158,6 +161,15 @@ std::vector<Stretch> stretchesOf(const std::vector<std::int16_t>& samples, std::
         stretches.back().end = frame + 1;
     }
     return stretches;
+}
+
+std::optional<std::size_t> placeOf(const std::vector<std::int16_t>& recorded, Stretch stretch,
+                                   const std::vector<std::int16_t>& source) {
+    const auto begin = recorded.begin() + static_cast<std::ptrdiff_t>(stretch.start * 2);
+    const auto end = recorded.begin() + static_cast<std::ptrdiff_t>(stretch.end * 2);
+    const auto found = std::search(source.begin(), source.end(), begin, end);
+    if (found == source.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - source.begin()) / 2;
 }
 
 double frequencyOf(const std::vector<std::int16_t>& samples, Stretch stretch, int channel) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ class SoundServer {
     /// Returns when it answers.
     void start();
     void kill();
+    /// Ends it as a session's end does: it keeps what it knows for the next start.
+    void end();
     void freeze();
     void thaw();
 
@@ -37,11 +40,11 @@ class SoundServer {
 /// Waits for a condition, 20 seconds at most. Whether it came to hold.
 bool waitUntil(const std::function<bool()>& condition);
 
-/// Records what the server's output plays, from the construction on: 44100 frames a second, left
-/// and right in turns.
+/// Records what an output of the server plays, from the construction on: 44100 frames a second,
+/// left and right in turns.
 class Recording {
   public:
-    Recording();
+    explicit Recording(const std::string& output = "out");
     ~Recording();
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
@@ -61,6 +64,21 @@ struct Stretch {
     [[nodiscard]] std::size_t frames() const { return end - start; }
 };
 std::vector<Stretch> stretchesOf(const std::vector<std::int16_t>& samples, std::size_t gap);
+
+/// The recorder is given sound up to this many frames ahead of its time. Where the output takes
+/// something back (at each start, pause and seek), that much of the recording's seam can't be
+/// trusted.
+inline constexpr std::size_t seam = 1103;
+
+/// Frames of a recording in a time.
+constexpr std::size_t framesOf(int milliseconds) {
+    return static_cast<std::size_t>(milliseconds) * 44'100 / 1000;
+}
+
+/// Where in the source, as loud as `loudNoise`, a recorded stretch begins, if it is one piece of
+/// it, sample for sample. In frames.
+std::optional<std::size_t> placeOf(const std::vector<std::int16_t>& recorded, Stretch stretch,
+                                   const std::vector<std::int16_t>& source);
 
 /// The frequency of one channel of a stretch, by its zero crossings.
 double frequencyOf(const std::vector<std::int16_t>& samples, Stretch stretch, int channel);

@@ -1,0 +1,173 @@
+#!/usr/bin/env -S python3 -B
+"""What lies in dist/, looked at without a display.
+
+packages.py --list          the scenarios' names, a line each
+packages.py DIST SENTENCE   runs one
+"""
+
+import os
+import pathlib
+import struct
+import subprocess
+import sys
+import zipfile
+
+import programs
+from debian import Machine, package_in, unpacked
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "tests" / "e2e"))
+from scenario import run, scenario  # noqa: E402
+from world import World, check  # noqa: E402
+
+README = "Readme.txt"
+PROGRAM = "Orvan.exe"
+
+
+def zip_of(world, word):
+    return zipfile.ZipFile(pathlib.Path(world.program) / f"orvan-windows-{word}.zip")
+
+
+def windows_programs(world):
+    """Each program for Windows as it is packed: its word, and its bytes."""
+    for word in programs.MACHINES:
+        with zip_of(world, word) as packed:
+            yield word, packed.read(PROGRAM)
+
+
+@scenario("each zip holds the program, the readme and nothing else")
+def zips_are_complete(world):
+    for word in programs.MACHINES:
+        with zip_of(world, word) as packed:
+            check(packed.testzip() is None, f"the zip {word} is damaged")
+            names = packed.namelist()
+            check(names == [PROGRAM, README], f"the zip {word} holds {names}")
+            built = (ROOT / "build" / f"windows-{word}" / PROGRAM).read_bytes()
+            check(packed.read(PROGRAM) == built, f"the program {word} is not the one that was built")
+
+
+@scenario("the readme's lines end as Windows ends them")
+def readme_lines(world):
+    for word in programs.MACHINES:
+        with zip_of(world, word) as packed:
+            text = packed.read(README)
+        check(text.count(b"\n") > 10, "there is hardly a line in it")
+        check(text.count(b"\r\n") == text.count(b"\n") == text.count(b"\r"), "bare line ends")
+        text.decode("ascii")
+
+
+@scenario("the programs for Windows are of 32 and of 64 bits, without a time and without symbols")
+def windows_headers(world):
+    for word, program in windows_programs(world):
+        header = programs.header(program)
+        check(header.machine == programs.MACHINES[word], f"{word}: machine {header.machine:#x}")
+        check(header.time == 0, f"{word}: was built at {header.time}")
+        check(header.symbols == 0, f"{word}: has {header.symbols} symbols")
+
+
+@scenario("the programs for Windows open no console")
+def windows_subsystem(world):
+    for word, program in windows_programs(world):
+        subsystem = programs.header(program).subsystem
+        check(subsystem == programs.WINDOWS, f"{word}: is of subsystem {subsystem}")
+
+
+@scenario("the programs for Windows need no library but the system's own")
+def windows_libraries(world):
+    for word, program in windows_programs(world):
+        path = world.folder / PROGRAM
+        path.write_bytes(program)
+        needed = programs.libraries(path, word)
+        check("kernel32.dll" in needed, f"{word}: needs only {needed}")
+        check(needed <= programs.SYSTEM_LIBRARIES,
+              f"{word}: needs {needed - programs.SYSTEM_LIBRARIES}")
+
+
+@scenario("no program tells in which folder it was built")
+def no_folders(world):
+    files = unpacked(package_in(world.program), world.folder / "files")
+    packed = dict(windows_programs(world))
+    packed["linux"] = (files / "usr" / "bin" / "orvan").read_bytes()
+    for name, program in packed.items():
+        for encoding in ("utf-8", "utf-16-le"):
+            check(str(ROOT).encode(encoding) not in program, f"{name}: names {ROOT}")
+
+
+@scenario("packing again, years later and elsewhere, gives the same bytes")
+def same_bytes(world):
+    elsewhere = world.folder / "elsewhere"
+    elsewhere.mkdir()
+    out = world.folder / "out"
+    environment = {**os.environ, "TMPDIR": str(elsewhere), "TZ": "Pacific/Auckland",
+                   "NO_FAKE_STAT": "1"}
+    packing = ('umask 077; scripts/pack-windows x86 "$1" && scripts/pack-windows x64 "$1" &&'
+               ' scripts/pack-debian "$1"')
+    subprocess.run(["faketime", "2031-02-03 04:05:06", "bash", "-c", packing, "bash", out],
+                   cwd=ROOT, env=environment, check=True)
+    first = sorted(pathlib.Path(world.program).iterdir())
+    check(len(first) == 3, f"packed were {first}")
+    for package in first:
+        check((out / package.name).read_bytes() == package.read_bytes(), f"{package.name} differs")
+
+
+@scenario("the Debian package's files are root's, for all to read and for nobody else to write")
+def permissions(world):
+    listing = subprocess.run(["dpkg-deb", "--contents", package_in(world.program)], check=True,
+                             stdout=subprocess.PIPE, text=True).stdout.splitlines()
+    programs_found = []
+    for line in listing:
+        mode, owner, *_, name = line.split()
+        check(owner == "root/root", line)
+        if mode.startswith("-rwx"):
+            programs_found.append(name)
+        wanted = "drwxr-xr-x" if mode[0] == "d" else "-rwxr-xr-x" if "/bin/" in name else "-rw-r--r--"
+        check(mode == wanted, line)
+    check(programs_found == ["./usr/bin/orvan"], f"programs: {programs_found}")
+
+
+@scenario("the desktop's own checks find nothing wrong with what it is told of the player")
+def desktop_files(world):
+    share = unpacked(package_in(world.program), world.folder / "files") / "usr" / "share"
+    subprocess.run(["desktop-file-validate", share / "applications" / "orvan.desktop"], check=True)
+    (description,) = (share / "metainfo").iterdir()
+    subprocess.run(["appstreamcli", "validate", "--no-net", description], check=True)
+
+
+def pixels(path):
+    return subprocess.run(["convert", path, "-depth", "8", "rgba:-"], check=True,
+                          stdout=subprocess.PIPE).stdout
+
+
+@scenario("the desktop's icons are the icon's images, transparency and all")
+def icons(world):
+    share = unpacked(package_in(world.program), world.folder / "files") / "usr" / "share"
+    icon = ROOT / "assets" / "orvan.ico"
+    data = icon.read_bytes()
+    sides = []
+    for number in range(struct.unpack_from("<H", data, 4)[0]):
+        side, depth = struct.unpack_from("<B5xH", data, 6 + 16 * number)
+        if depth != 32:
+            continue
+        side = side or 256
+        sides.append(side)
+        picture = share / "icons" / "hicolor" / f"{side}x{side}" / "apps" / "orvan.png"
+        shown = pixels(picture)
+        check(len(shown) == 4 * side * side, f"{picture} is not {side} pixels wide and high")
+        check(len(set(shown[3::4])) > 2, f"{picture} has no soft edge")
+        check(shown == pixels(f"{icon}[{number}]"), f"{picture} is another image")
+    check(sorted(sides) == [16, 32, 48, 128, 256], f"the sizes are {sides}")
+
+
+@scenario("where a package that the player needs is missing, its own is not installed")
+def dependencies(world):
+    for number, name in enumerate(("fonts-liberation", "libmpg123-0", "libqt6gui6")):
+        folder = world.folder / str(number)
+        folder.mkdir()
+        machine = Machine(folder)
+        machine.forget(name)
+        status, said = machine.dpkg("--install", package_in(world.program))
+        check(status != 0 and name in said, f"without {name}: {said}")
+        check(machine.state_of("orvan") == "unpacked", f"without {name} it counts as installed")
+
+
+run(World)
