@@ -12,6 +12,12 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 WINE = ROOT / "tests" / "wine" / "wine"
 
 
+def quietly(*command, **more):
+    """Runs a command of Wine's. What it leaves behind must not hold on to this program's output."""
+    subprocess.run(command, check=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL, **more)
+
+
 class Linux:
     system = "linux"
     file = "orvan"
@@ -75,8 +81,7 @@ class Windows:
         return self.path(host)
 
     def ask_to_end(self, player):
-        subprocess.run([WINE, "wineboot", "--end-session"], check=True,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        quietly(WINE, "wineboot", "--end-session")
 
     def ended_in_order(self, status):
         # Wine kills whoever is still on the way out, and so tells less than a status of the player's.
@@ -86,7 +91,7 @@ class Windows:
         # Wine asks for it once, at the start of its session.
         environment = {**os.environ, "WINEPREFIX": os.path.expandvars("$HOME/wine")}
         for option in ("-k", "-w", "-p"):
-            subprocess.run(["wineserver", option], check=True, env=environment)
+            quietly("wineserver", option, env=environment)
 
 
 def build_of(program):

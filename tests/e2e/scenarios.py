@@ -2,7 +2,7 @@
 """The shipped program in a real window, heard and seen from outside.
 
 scenarios.py --list SYSTEM      the scenarios that drive the program of linux or windows, a line each
-scenarios.py --check-list FILE  whether the file tells of each scenario that one system leaves out
+scenarios.py --check-list FILE  whether a file tells of each scenario that one system leaves out
 scenarios.py PROGRAM SENTENCE   runs one
 """
 
