@@ -218,6 +218,22 @@ TEST_CASE("stopped from the playlist while paused there, its pause key stays dow
     CHECK(player.status() == "Idle");
     player.click(keys::play);
     CHECK(player.status() == "Playing");
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
+    player.click(keys::pause);
+    CHECK(player.status() == "Paused");
+}
+
+TEST_CASE("paused in the main window and stopped from the playlist, play frees the pause key") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    clickMain(player, mainPause);
+    player.click(keys::stop);
+    CHECK(player.frmPlayer().pctpausedown.Visible());
+    player.click(keys::play);
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+    clickMain(player, mainPause);
+    CHECK(player.status() == "Paused");
 }
 
 TEST_CASE("play ends a pause made in the playlist and lifts its key") {
