@@ -28,9 +28,12 @@ Mpeg& FrmPlayer::engine() const { return *shared_.engine; }
 
 FrmPlaylist& FrmPlayer::playlist() const { return shared_.frmPlaylist; }
 
-void FrmPlayer::Form_Load() {
-    // A handler that a dialog or a yield held up meanwhile must not bring a closed player back.
+void FrmPlayer::endIfClosed() const {
     if (closedBySystem) toolkit::endProgram();
+}
+
+void FrmPlayer::Form_Load() {
+    endIfClosed();
     gSysTray = std::make_unique<clsSysTray>();
     createWorkerControls();
     showTrayIcon();

@@ -125,6 +125,9 @@ class FrmPlayer {
     void connectPlaylistKey();
     void createMenus();
     void Form_QueryUnload();
+    /// For a handler that a dialog or a yield may have held up while the system closed the window:
+    /// it must not go on in a closed player, nor bring it back.
+    void endIfClosed() const;
     void showTrayIcon();
     void createWorkerControls();
     void takeCommandLine();

@@ -47,6 +47,7 @@ class FrmPlaylist {
     void Form_MouseDown();
     void Form_MouseMove();
     void liftPlaylistKey();
+    void minimise();
 
     ModMain& shared_;
     runtime::Bool16 playlistDragging;

@@ -4,6 +4,7 @@
 #include "toolkit/guard.h"
 
 void FrmPlayer::unloadmebaby() {
+    endIfClosed();
     gSysTray->RemoveFromSysTray();
     window.Unload();
     toolkit::endProgram();

@@ -47,6 +47,6 @@ void shapePlaylistWindow(toolkit::Form& window) {
     const platform::RegionHandle upperBlock =
         platform::CreateRectRgn(0, 0, rounded(m.width), rounded(m.height - m.twipsY));
     const platform::RegionHandle round = roundShape(m);
-    platform::CombineRgn(round, round, upperBlock, platform::RGN_OR);
+    platform::CombineRgn(round, upperBlock, round, platform::RGN_OR);
     platform::SetWindowRgn(window.hWnd(), round, redrawNow);
 }

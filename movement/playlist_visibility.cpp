@@ -45,12 +45,18 @@ void FrmPlaylist::connectTitleKeys() {
         window.Hide();
     };
     pctPlaylistMini.MouseDown = [this](const auto&) { pctPlaylistMiniDown.Visible(true); };
-    // Unlike the other two ways to hide the window, this one keeps the dock.
     pctPlaylistMini.MouseUp = [this](const auto&) {
         pctPlaylistMiniDown.Visible(false);
-        liftPlaylistKey();
-        window.Hide();
+        minimise();
     };
+    // A session that ends closes every window, and the dock has yet to be saved.
+    window.CloseWished = [this] { minimise(); };
+}
+
+/// Unlike the other two ways to hide the window, this one keeps the dock.
+void FrmPlaylist::minimise() {
+    liftPlaylistKey();
+    window.Hide();
 }
 
 void FrmPlaylist::liftPlaylistKey() {

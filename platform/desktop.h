@@ -15,8 +15,9 @@ bool start(int argumentCount, char** arguments);
 /// True when another copy of the program runs for this user on this display.
 bool previousInstance();
 
-/// The arguments joined by one blank, in the player's path form; where the whole names an
-/// existing file by a relative path, its absolute form.
+/// What stands behind the program's name, in the player's path form: on Windows as it was typed; on
+/// Linux the arguments joined by one blank, or, where that names an existing file by a relative
+/// path, its absolute form.
 std::string commandLineTail();
 
 /// The folder of the settings file, without a trailing separator except at a root.

@@ -40,7 +40,7 @@ struct FolderListing {
 FolderListing listFolders(const std::string& folder);
 
 /// What a folder is known by whatever path leads to it, links included: two paths with the same
-/// identity are one folder. Empty for a folder that isn't there.
+/// identity are one folder. Empty for a folder that isn't there, or whose file system numbers none.
 std::string folderIdentity(const std::string& folder);
 
 /// The bare names of a folder's ordinary files (no hidden or system files), in the file system's

@@ -32,7 +32,7 @@ void FrmPlayer::startOrResume() {
     const bool empty = playlist().List1.ListCount() == 0;
     if (empty) openfiles();
     if (!paused || empty) openSelected();
-    if (paused) releasePauseImages();
+    releasePauseImages();
     engine().PlayM();
 }
 

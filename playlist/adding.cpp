@@ -76,6 +76,7 @@ void FrmPlayer::addPickedFolder(const runtime::DynamicArray<std::string>& pieces
 void FrmPlayer::opendir() {
     COpenDirDialog dialog;
     const std::string folder = dialog.BrowseForFolder(window, "Browse for folder");
+    endIfClosed();
     if (!folder.empty()) {
         collectFolders(folder);
         addTracksOfFolders();
@@ -87,13 +88,16 @@ void FrmPlayer::opendir() {
 /// make many paths to a folder; the first one found is the one that counts.
 void FrmPlayer::collectFolders(const std::string& folder) {
     std::unordered_set<std::string> known = {platform::folderIdentity(folder)};
+    const auto isNew = [&known](const std::string& identity) {
+        return identity.empty() || known.insert(identity).second;
+    };
     ListDir->Clear();
     ListDir->AddItem(folder);
     for (runtime::Int16 i = 0; i != ListDir->ListCount(); i += 1) {
         DirTemp->Path(ListDir->List(i));
         for (runtime::Int16 child = 0; child < DirTemp->ListCount(); child += 1) {
             const std::string path = DirTemp->List(child);
-            if (known.insert(platform::folderIdentity(path)).second) ListDir->AddItem(path);
+            if (isNew(platform::folderIdentity(path))) ListDir->AddItem(path);
         }
     }
 }

@@ -45,6 +45,7 @@ void Form::createWindow() {
     events.moved = [this](platform::Point corner) { moved(corner); };
     events.closing = [this] {
         guarded([this] {
+            if (CloseWished) return CloseWished();
             Unload();
             if (ClosedBySystem) ClosedBySystem();
         });

@@ -57,6 +57,8 @@ class Form {
     std::function<void()> QueryUnload;
     /// What follows after the system, not the program, has closed the window.
     std::function<void()> ClosedBySystem;
+    /// What the system's wish to close the window does, in place of unloading it; if set.
+    std::function<void()> CloseWished;
     MouseHandler MouseDown;
     MouseHandler MouseMove;
     MouseHandler MouseUp;

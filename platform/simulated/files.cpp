@@ -64,7 +64,7 @@ void Files::addFolderLink(const std::string& path, const std::string& folder) {
 }
 
 std::string Files::identity(const std::string& folder) const {
-    if (!isFolder(folder)) return "";
+    if (!isFolder(folder) || !foldersAreNumbered) return "";
     const auto link = links_.find(normal(folder));
     return lower(link == links_.end() ? normal(folder) : link->second);
 }

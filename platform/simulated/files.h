@@ -43,7 +43,8 @@ class Files {
     int nextReplaceError = 0;
     int nextDeleteError = 0;
     int nextListError = 0;
-    bool diskFull = false; ///< every replacement fails so
+    bool diskFull = false;          ///< every replacement fails so
+    bool foldersAreNumbered = true; ///< else no folder has an identity
 
     /// What the seam calls.
     platform::FileContents read(const std::string& path, std::size_t limit);

@@ -3,6 +3,8 @@
 #include "platform/simulated/window_state.h"
 #include "platform/simulated/world.h"
 
+#include <initializer_list>
+#include <string>
 #include <utility>
 
 namespace simulated {
@@ -16,25 +18,41 @@ bool inShape(platform::WindowHandle handle, std::int32_t x, std::int32_t y) {
 } // namespace simulated
 
 namespace platform {
+namespace {
+
+/// Notes a call with its numbers; a handle that it gave comes first.
+void noteCall(const char* call, std::initializer_list<std::int64_t> numbers) {
+    std::string line = call;
+    for (const std::int64_t number : numbers)
+        line += ' ' + std::to_string(number);
+    simulated::note(line);
+}
+
+} // namespace
 
 using simulated::world;
 
 RegionHandle CreateRoundRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,
                                 std::int32_t bottom, std::int32_t ellipseWidth,
                                 std::int32_t ellipseHeight) {
-    return world.regions.table.add(
+    const RegionHandle region = world.regions.table.add(
         roundRectangleRows({left, top, right, bottom}, {ellipseWidth, ellipseHeight}));
+    noteCall("round region", {region, left, top, right, bottom, ellipseWidth, ellipseHeight});
+    return region;
 }
 
 RegionHandle CreateRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,
                            std::int32_t bottom) {
-    return world.regions.table.add(rectangleRows({left, top, right, bottom}));
+    const RegionHandle region = world.regions.table.add(rectangleRows({left, top, right, bottom}));
+    noteCall("region", {region, left, top, right, bottom});
+    return region;
 }
 
 std::int32_t CombineRgn(RegionHandle target, RegionHandle first, RegionHandle second,
                         std::int32_t mode) {
     const std::int32_t result = world.regions.table.combine(target, first, second, mode);
     if (result == 0) simulated::misuse("a region that is unknown or belongs to the system");
+    noteCall("combine regions", {target, first, second, mode});
     return result;
 }
 

@@ -26,19 +26,6 @@ std::wstring_view tailOf(std::wstring_view line) {
     return first == std::wstring_view::npos ? std::wstring_view() : line.substr(first);
 }
 
-std::wstring fullPathOf(const std::wstring& path) {
-    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-    const DWORD length =
-        GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-    full.resize(length);
-    return full;
-}
-
-bool isFile(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-}
-
 } // namespace
 
 bool start(int /*argumentCount*/, char** /*arguments*/) {
@@ -58,10 +45,7 @@ bool previousInstance() {
     return previous;
 }
 
-std::string commandLineTail() {
-    const std::wstring tail(tailOf(GetCommandLineW()));
-    return fromWide(isFile(tail) ? fullPathOf(tail) : tail);
-}
+std::string commandLineTail() { return fromWide(std::wstring(tailOf(GetCommandLineW()))); }
 
 std::string applicationFolder() {
     std::wstring program(32768, L'\0');

@@ -19,6 +19,8 @@ std::optional<FolderIdentity> identityOf(const std::wstring& path) {
                     nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     BY_HANDLE_FILE_INFORMATION about = {};
     if (!folder.isOpen() || GetFileInformationByHandle(folder.get(), &about) == FALSE) return {};
+    // File systems that number nothing, such as some shared folders, give all of them this number.
+    if (about.nFileIndexHigh == 0 && about.nFileIndexLow == 0) return {};
     return FolderIdentity(about.dwVolumeSerialNumber, about.nFileIndexHigh, about.nFileIndexLow);
 }
 

@@ -316,6 +316,16 @@ TEST_CASE("a folder that links lead to as well is entered once, by the first pat
     CHECK(paths(player) == Texts{"C:\\Music\\real\\1.mp3"});
 }
 
+TEST_CASE("where the file system numbers no folders, every one of them is entered") {
+    Player player;
+    player.start();
+    world.files.foldersAreNumbered = false;
+    world.files.addFile("C:\\Music\\a\\1.mp3");
+    world.files.addFile("C:\\Music\\b\\2.mp3");
+    walk(player, "C:\\Music");
+    CHECK(paths(player) == Texts{"C:\\Music\\a\\1.mp3", "C:\\Music\\b\\2.mp3"});
+}
+
 TEST_CASE("adding a folder selects nothing, plays nothing and remembers no folder") {
     Player player;
     player.start();
@@ -444,4 +454,15 @@ TEST_CASE("the 32768th track of a folder walk is the fatal end") {
     world.files.addFile(B);
     world.dialogs.pickFolder("C:\\Music");
     CHECK(fatalMessageOf([&] { player.frmPlayer().opendir(); }) == "Run-time error 6: Overflow");
+}
+
+TEST_CASE("the 32768th folder of a walk is the fatal end, and adds nothing") {
+    Player player;
+    player.start();
+    world.files.addFile("C:\\Music\\a.mp3");
+    for (int i = 0; i < 32767; ++i)
+        world.files.addFolder("C:\\Music\\" + std::to_string(i));
+    world.dialogs.pickFolder("C:\\Music");
+    CHECK(fatalMessageOf([&] { player.frmPlayer().opendir(); }) == "Run-time error 6: Overflow");
+    CHECK(player.list().ListCount() == 0);
 }

@@ -408,6 +408,20 @@ TEST_CASE("an alarm over an empty list opens the file dialog, and again while it
     CHECK(player.frmPlayer().lblshowtime.Caption() == "Timer Off");
 }
 
+TEST_CASE("an alarm set for the present minute fires at once, or not before tomorrow") {
+    const std::pair<int, bool> seconds[] = {{3, true}, {6, true}, {8, false}, {30, false}};
+    for (const auto& [second, fires] : seconds) {
+        CAPTURE(second);
+        Player player;
+        simulated::setTimeOfDay(7, 0, second);
+        arm(player, 7, 0);
+        simulated::advance(tick);
+        CHECK((player.status() == "Playing") == fires);
+        simulated::advance(3'600'000);
+        CHECK((player.frmPlayer().alarmTime == -1) == fires);
+    }
+}
+
 TEST_CASE("a thumb held through the window makes the alarm wait for the next day") {
     Player player;
     arm(player, 7, 0);

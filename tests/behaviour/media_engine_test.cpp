@@ -58,6 +58,33 @@ TEST_CASE("a path that can't be shortened is opened with two blanks and fails in
     CHECK(world.messages.shown.empty());
 }
 
+TEST_CASE("an open command longer than 255 characters is cut, and fails in silence") {
+    Player player;
+    player.start();
+    const std::string longName = "C:\\" + std::string(227, 'A');
+    world.media.addFile(track, 1000);
+    world.files.setShortName(track, longName);
+    player.engine().FileName(1, track);
+    const std::string command = world.media.commands().back();
+    CHECK(command == "open " + longName + " type MpegVideo Alia");
+    CHECK(command.size() == 255);
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(world.media.open());
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("a short path of 255 characters or more does not fit, and nothing opens") {
+    Player player;
+    player.start();
+    world.media.addFile(track, 1000);
+    world.files.setShortName(track, "C:\\" + std::string(252, 'A'));
+    commandsSent();
+    player.engine().FileName(1, track);
+    CHECK(commandsSent() == Commands{"open"});
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(world.media.open());
+}
+
 TEST_CASE("playing asks for the length and plays from 1 to it") {
     EngineAlone alone;
     world.media.forgetCommands();

@@ -218,6 +218,43 @@ TEST_CASE("stopped from the playlist while paused there, its pause key stays dow
     CHECK(player.status() == "Idle");
     player.click(keys::play);
     CHECK(player.status() == "Playing");
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
+    player.click(keys::pause);
+    CHECK(player.status() == "Paused");
+}
+
+TEST_CASE("paused in the main window and stopped from the playlist, play frees the pause key") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    clickMain(player, mainPause);
+    player.click(keys::stop);
+    CHECK(player.frmPlayer().pctpausedown.Visible());
+    player.click(keys::play);
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+    clickMain(player, mainPause);
+    CHECK(player.status() == "Paused");
+}
+
+TEST_CASE("closed by the system, the playlist hides as by its minimise key and opens again whole") {
+    OpenPlaylist player;
+    player.addLetters(2);
+    FrmPlaylist& form = player.frmPlaylist();
+    form.playlistdockX = runtime::True16;
+    const platform::WindowHandle window = player.playlistWindow();
+    const platform::Point place = simulated::window(window).position;
+    simulated::closeByUser(window);
+    CHECK_FALSE(simulated::window(window).visible);
+    CHECK(player.frmPlayer().pctplaylist.Visible());
+    CHECK_FALSE(player.frmPlayer().pctplaylistdown.Visible());
+    CHECK(form.playlistdockX == runtime::True16);
+
+    simulated::click(player.mainWindow(), 255, 55);
+    CHECK(player.playlistWindow() == window);
+    CHECK(simulated::window(window).visible);
+    CHECK(simulated::window(window).position == place);
+    CHECK(simulated::window(window).shape.has_value());
+    CHECK(player.list().ListCount() == 2);
 }
 
 TEST_CASE("play ends a pause made in the playlist and lifts its key") {

@@ -294,6 +294,13 @@ TEST_CASE("press and release of the thumb while paused sets the device playing, 
     world.media.reportPosition({});
     simulated::advance(3000);
     CHECK(form.lblTimenow.Caption() == time);
+    // The pause key sets the word right, and from then on the texts tell what sounds.
+    behaviour::clickOn(player.mainWindow(), form.pctpausedown);
+    CHECK(player.status() == "Playing");
+    CHECK_FALSE(form.pctpausedown.Visible());
+    simulated::advance(966);
+    CHECK(form.trackPositionSeconds.toDouble() >= 53.0);
+    CHECK(form.lblTimenow.Caption() == "-02:26");
 }
 
 TEST_CASE("the thumb reacts with no file open, and its release starts the tick") {

@@ -189,6 +189,27 @@ TEST_CASE("a close while a dialog is open ends the program once the dialog is go
     CHECK(std::count(log.begin(), log.end(), "tray 0") == 0);
 }
 
+TEST_CASE("a close while the folder dialog is open ends the program, and no folder is walked") {
+    Player player;
+    player.play({A});
+    world.files.addFile("C:\\Music\\new.mp3");
+    world.dialogs.pickFolder("C:\\Music", [&] { simulated::closeByUser(player.mainWindow()); });
+    CHECK_THROWS_AS(player.frmPlayer().opendir(), simulated::ProcessEnded);
+    CHECK(simulated::log().back() == "end of the process 0");
+    CHECK(world.files.text(file).find("new.mp3") == std::string::npos);
+}
+
+TEST_CASE("a close while the tray menu is open ends the program, whatever is picked") {
+    for (const char* entry : {"Exit", "Stop"}) {
+        CAPTURE(entry);
+        Player player;
+        player.play({A});
+        world.menus.choose(entry, [&] { simulated::closeByUser(player.mainWindow()); });
+        CHECK_THROWS_AS(world.tray.clickRight(), simulated::ProcessEnded);
+        CHECK(simulated::log().back() == "end of the process 0");
+    }
+}
+
 TEST_CASE("a close inside the yield of a drag ends the program there") {
     Player player;
     player.play({A});

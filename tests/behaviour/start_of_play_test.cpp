@@ -118,13 +118,23 @@ TEST_CASE("resuming lifts the pause keys of both windows") {
     CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
 }
 
-TEST_CASE("starting from a stop leaves the pause keys as they are") {
+TEST_CASE("starting from a stop lifts a pause key that the stop left down") {
     Player player;
     player.start();
     player.addTracks({"C:\\Music\\a.mp3"});
     player.list().ListIndex(0);
     player.frmPlayer().pctpausedown.Visible(true);
     player.frmPlayer().startfile();
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("a start that plays nothing leaves the pause keys as they are") {
+    Player player;
+    player.start();
+    player.addTracks({"C:\\Music\\a.mp3"});
+    player.frmPlayer().pctpausedown.Visible(true);
+    player.frmPlayer().startfile();
+    CHECK(player.status() == "Idle");
     CHECK(player.frmPlayer().pctpausedown.Visible());
 }
 

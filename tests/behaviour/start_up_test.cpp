@@ -55,6 +55,26 @@ TEST_CASE("the main window shows, the volume is asked for, then both windows get
     CHECK(placeOf(numbered("show", player.playlistWindow())) == simulated::log().size());
 }
 
+TEST_CASE("the windows are cut by these regions, in this order, the first one left unused") {
+    Player player;
+    player.start();
+    std::vector<std::string> calls;
+    for (const std::string& line : simulated::log())
+        if (line.find("region") != std::string::npos || line.starts_with("shape"))
+            calls.push_back(line);
+    CHECK(calls == std::vector<std::string>{
+                       "round region 1 0 0 378 220 20 20",
+                       "round region 2 0 0 277 83 15 15",
+                       "region 3 0 15 276 82",
+                       "combine regions 3 2 3 2",
+                       numbered("shape", player.mainWindow()),
+                       "region 4 0 0 276 67",
+                       "round region 5 0 0 277 83 15 15",
+                       "combine regions 5 4 5 2",
+                       numbered("shape", player.playlistWindow()),
+                   });
+}
+
 TEST_CASE("the tray icon is there before the main window and before the settings are read") {
     Player player;
     player.start();
