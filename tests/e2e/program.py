@@ -3,6 +3,7 @@
 A run of scenarios.py tests one program; its file name tells which build it is.
 """
 
+import getpass
 import os
 import pathlib
 import signal
@@ -18,6 +19,12 @@ def quietly(*command, **more):
                    stderr=subprocess.DEVNULL, **more)
 
 
+def type_into(text):
+    """Types into the dialog that has the keyboard, and confirms it."""
+    quietly("xdotool", "type", "--delay", "20", str(text))
+    quietly("xdotool", "key", "Return")
+
+
 class Linux:
     system = "linux"
     file = "orvan"
@@ -25,7 +32,9 @@ class Linux:
     blanks = "  "
     reads_pointer_late = False
     foreign_corner = (0, 0)
-    menu_delay = 0.0
+    folder_title = "Browse for folder"
+    tray_menu_has_keys = True
+    about_frame = (0, 0, 0, 0)  # left, top, right, bottom, as far as it is the program's own
 
     def command(self, program, arguments):
         return [str(program), *map(str, arguments)]
@@ -41,6 +50,11 @@ class Linux:
     def shown(self, host):
         """A path as people see and type it."""
         return str(host)
+
+    def pick_folder(self, world, folder):
+        """Picks a folder in the dialog for it, which has the keyboard; gives the path it is by then."""
+        type_into(self.shown(folder))
+        return folder
 
     def ask_to_end(self, player):
         """What the system does to a running player when the session ends."""
@@ -63,7 +77,9 @@ class Windows:
     blanks = " "  # Wine makes the command line of its arguments, with one between them
     # The place of a press is where the pointer is when the player gets to the press.
     reads_pointer_late = True
-    menu_delay = 0.4  # seconds from a menu's showing to its taking keys
+    folder_title = "Browse for Folder"  # Wine's own; the player's stands inside
+    tray_menu_has_keys = False  # Wine leaves the keyboard where it was before the click
+    about_frame = (3, 19, 3, 3)
     foreign_corner = (164, 44)  # at the top left, Wine's own window with the icons of the tray
 
     def command(self, program, arguments):
@@ -75,10 +91,21 @@ class Windows:
         return text.split(self.blanks)  # not in one, as the quotes would belong to it
 
     def path(self, host):
+        if isinstance(host, pathlib.PureWindowsPath):
+            return str(host)
         return "Z:" + str(host).replace("/", "\\")
 
     def shown(self, host):
         return self.path(host)
+
+    def pick_folder(self, world, folder):
+        # The dialog is a tree without a place to type a path; its root is the home folder.
+        link = pathlib.Path.home() / folder.name
+        link.symlink_to(folder)
+        world.stack.callback(link.unlink)
+        quietly("xdotool", "key", "shift+Tab", "key", "Home")
+        type_into(folder.name)
+        return pathlib.PureWindowsPath("C:/users", getpass.getuser(), "Desktop", folder.name)
 
     def ask_to_end(self, player):
         quietly(WINE, "wineboot", "--end-session")

@@ -75,6 +75,12 @@ class Screenshot:
         place = 3 * (y * SCREEN[0] + x)
         return tuple(self.pixels[place:place + 3])
 
+    def part(self, left, top, size):
+        """The rows of a part of the screen."""
+        width, height = size
+        starts = (3 * (y * SCREEN[0] + left) for y in range(top, top + height))
+        return [self.pixels[start:start + 3 * width] for start in starts]
+
     def is_root(self, x, y):
         return self.at(x, y) == ROOT_COLOUR
 
