@@ -277,3 +277,14 @@ def whole_picture(world):
 
         wait_until(whole, f"the pair's whole picture at {place} and nothing else", desk.player)
     desk.release()
+
+
+@scenario("the window manager closing the list hides it, and the list opens again where it was")
+def closed_from_outside(world):
+    desk = Desk(world, (300, 300), (300, 382))
+    xdotool("windowactivate", "--sync", desk.list_number, "key", "alt+F4")
+    desk.closed()
+    desk.open()
+    desk.stands((300, 300), (300, 382))
+    saved = desk.settings_at_exit()
+    check(saved == settings_line((300, 300), (300, 382), docked=(-1, 0)), f"saved {saved!r}")
