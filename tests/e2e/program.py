@@ -34,6 +34,7 @@ class Linux:
     foreign_corner = (0, 0)
     folder_title = "Browse for folder"
     tray_menu_has_keys = True
+    late_sound = 0.0
     about_frame = (0, 0, 0, 0)  # left, top, right, bottom, as far as it is the program's own
 
     def command(self, program, arguments):
@@ -79,6 +80,8 @@ class Windows:
     reads_pointer_late = True
     folder_title = "Browse for Folder"  # Wine's own; the player's stands inside
     tray_menu_has_keys = False  # Wine leaves the keyboard where it was before the click
+    # Seconds by which Wine's sound may begin late, which are missing at the end then.
+    late_sound = 0.8
     about_frame = (3, 19, 3, 3)
     foreign_corner = (164, 44)  # at the top left, Wine's own window with the icons of the tray
 
