@@ -43,7 +43,8 @@ void fillMenu(QMenu& menu, const std::vector<MenuItem>& items) {
 } // namespace
 
 void showWindowModal(WindowHandle window) {
-    WindowWidget* const widget = findWindow(window);
+    // A dialog over this window runs a loop inside this one, which carries out the window's end.
+    const QPointer<WindowWidget> widget = findWindow(window);
     if (widget == nullptr) return;
     QEventLoop loop;
     HideWatch watch(loop);
@@ -52,9 +53,7 @@ void showWindowModal(WindowHandle window) {
     widget->setWindowModality(Qt::ApplicationModal);
     widget->show();
     loop.exec();
-    // Still there even when it was destroyed meanwhile: it goes with the loop around this one.
-    widget->removeEventFilter(&watch);
-    widget->setWindowModality(Qt::NonModal);
+    if (widget != nullptr) widget->setWindowModality(Qt::NonModal);
 }
 
 std::int32_t popupMenu(WindowHandle /*window*/, const std::vector<MenuItem>& items) {
