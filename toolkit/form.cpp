@@ -149,11 +149,11 @@ void Form::Show() {
     platform::showWindow(window_, true);
 }
 
-void Form::ShowModal() {
+void Form::ShowModal(Form& owner) {
     load();
     if (visible_) return;
     visible_ = true;
-    platform::showWindowModal(window_);
+    platform::showWindowModal(window_, owner.hWnd());
     visible_ = false;
 }
 

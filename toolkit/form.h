@@ -47,8 +47,9 @@ class Form {
 
     /// Shows the window without waiting for it.
     void Show();
-    /// Shows the window and returns when it is hidden or unloaded; at once if it shows already.
-    void ShowModal();
+    /// Shows the window, keeps the user from its owner, and returns when it is hidden or unloaded;
+    /// at once if it shows already.
+    void ShowModal(Form& owner);
     void Hide();
     /// Runs `QueryUnload`, then takes the window away. The next touch loads it afresh.
     void Unload();

@@ -79,6 +79,7 @@ WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
 }
 
 void destroyWindow(WindowHandle window) {
+    if (const WindowRecord record = findWindow(windowOf(window))) record->ownerDisabled.reset();
     // Out of the table first: nothing that its end brings about is told any more.
     std::erase_if(windowTable(),
                   [&](const WindowRecord& record) { return record->window == windowOf(window); });
@@ -86,10 +87,9 @@ void destroyWindow(WindowHandle window) {
 }
 
 void showWindow(WindowHandle window, bool visible) {
-    if (visible)
-        reveal(windowOf(window));
-    else
-        ShowWindow(windowOf(window), SW_HIDE);
+    if (visible) return reveal(windowOf(window));
+    if (const WindowRecord record = findWindow(windowOf(window))) record->ownerDisabled.reset();
+    ShowWindow(windowOf(window), SW_HIDE);
 }
 
 void requestPaint(WindowHandle window) { InvalidateRect(windowOf(window), nullptr, FALSE); }

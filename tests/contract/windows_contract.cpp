@@ -55,16 +55,18 @@ TEST_CASE("a shown window paints itself, and again for a request, however often 
 }
 
 TEST_CASE("a modal window holds the call until it is hidden, and ticks go on") {
+    const contract::Window owner;
     const contract::Window window;
     int ticks = 0;
     const contract::Timer timer(20, [&] {
         if (++ticks >= 3) showWindow(window.handle, false);
     });
-    showWindowModal(window.handle);
+    showWindowModal(window.handle, owner.handle);
     CHECK(ticks >= 3);
 }
 
 TEST_CASE("a modal window's call returns when the window is destroyed") {
+    const contract::Window owner;
     WindowOptions options;
     options.title = "Box";
     options.frame = Frame::Dialog;
@@ -78,7 +80,7 @@ TEST_CASE("a modal window's call returns when the window is destroyed") {
         destroyWindow(box);
     });
     self = &timer;
-    showWindowModal(box);
+    showWindowModal(box, owner.handle);
     CHECK(ticks == 1);
 }
 

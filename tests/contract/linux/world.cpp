@@ -3,6 +3,8 @@
 #include "platform/desktop.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
+#include "tests/contract/linux/real_pointer.h"
+#include "tests/contract/linux/shown_dialog.h"
 #include "tests/contract/tone.h"
 
 #include <QApplication>
@@ -154,8 +156,14 @@ void keepNextMessageOpen() {}
 
 void closeWhatIsOpen() {
     QWidget* open = QApplication::activePopupWidget();
-    if (open == nullptr) open = QApplication::activeModalWidget();
+    if (open == nullptr) open = shownDialog();
     if (open != nullptr) open->close();
+}
+
+void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
+    const QPoint place = platform::findWindow(window)->mapToGlobal(QPoint(x, y));
+    xdotool("mousemove " + std::to_string(place.x()) + ' ' + std::to_string(place.y()) +
+            " click 1");
 }
 
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {

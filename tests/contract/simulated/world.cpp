@@ -63,6 +63,10 @@ void keepNextMessageOpen() { simulated::world.messages.whileOpen(stayOpen); }
 
 void closeWhatIsOpen() { closing = true; }
 
+void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
+    simulated::click(window, x, y);
+}
+
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
     return simulated::inShape(window, x, y);
 }

@@ -113,6 +113,14 @@ void closeWhatIsOpen() {
     EnumThreadWindows(GetCurrentThreadId(), closeDialog, 0);
 }
 
+void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
+    POINT place = {x, y};
+    ClientToScreen(platform::windowOf(window), &place);
+    SetCursorPos(place.x, place.y);
+    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+}
+
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
     const HWND handle = platform::windowOf(window);
     if (IsWindowVisible(handle) == FALSE) return false;
