@@ -10,6 +10,7 @@ import subprocess
 
 import docking  # noqa: F401
 import face  # noqa: F401
+import modality  # noqa: F401
 import playlist  # noqa: F401
 import sessions  # noqa: F401
 import shell  # noqa: F401
