@@ -67,6 +67,10 @@ struct PushButton {
     PointerShape pointer;
 };
 
+/// What the frame adds to a window's client area, pixels: nothing for `Frame::None`. May wait for
+/// the window manager to tell, for a second at most; nothing if it doesn't.
+Size frameSize(Frame frame);
+
 /// Makes a hidden top-level window.
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events);
 

@@ -17,7 +17,7 @@ namespace toolkit {
 struct FormData {
     std::string caption;
     Bounds bounds;        ///< as designed; `left` and `top` count only if not centred
-    bool centred = false; ///< in the middle of the screen when it loads
+    bool centred = false; ///< in the middle of the screen, frame included, when it loads
     StoredColour backColour = Black;
     platform::Picture picture; ///< drawn from the top left corner at its natural size
     platform::Frame frame = platform::Frame::None;
@@ -76,6 +76,7 @@ class Form {
     void changed();
 
   private:
+    void centre();
     void createWindow();
     void close();
     void place();

@@ -131,6 +131,8 @@ namespace platform {
 using simulated::existing;
 using simulated::world;
 
+Size frameSize(Frame frame) { return {0, frame == Frame::Dialog ? simulated::TitleBarHeight : 0}; }
+
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
     if (options.size.width <= 0 || options.size.height <= 0) simulated::misuse("an empty window");
     const WindowHandle handle = ++world.windows.last;

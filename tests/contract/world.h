@@ -43,6 +43,9 @@ void closeWhatIsOpen();
 /// takes it.
 void click(platform::WindowHandle window, std::int32_t x, std::int32_t y);
 
+/// What a window that is shown takes up on the screen, its frame included.
+platform::Rect outerArea(platform::WindowHandle window);
+
 /// Whether a client pixel of a window that is shown belongs to it as it is cut now.
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y);
 

@@ -166,6 +166,17 @@ void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
             " click 1");
 }
 
+platform::Rect outerArea(platform::WindowHandle window) {
+    const xcb_window_t screen = xcb_setup_roots_iterator(xcb_get_setup(server())).data->root;
+    auto outer = static_cast<xcb_window_t>(platform::findWindow(window)->winId());
+    while (parentOf(outer) != screen)
+        outer = parentOf(outer);
+    const Reply<xcb_get_geometry_reply_t> area(
+        xcb_get_geometry_reply(server(), xcb_get_geometry(server(), outer), nullptr));
+    const std::int32_t borders = 2 * area->border_width;
+    return {area->x, area->y, area->x + area->width + borders, area->y + area->height + borders};
+}
+
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
     const platform::WindowWidget* const widget = platform::findWindow(window);
     if (widget == nullptr) return false;
