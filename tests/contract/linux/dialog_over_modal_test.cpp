@@ -9,6 +9,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QPushButton>
+#include <QWindow>
 
 #include <functional>
 #include <string>
@@ -74,6 +75,14 @@ class DialogFromTheLoop {
     contract::Timer timer_{50, [this] { tick(); }};
 };
 
+/// The dialog is where it will stay once it has its frame.
+void waitForDialog() {
+    const QFileDialog* const dialog = shownFileDialog();
+    CHECK(contract::waitUntil([&] {
+        return dialog->windowHandle()->isExposed() && dialog->frameGeometry() != dialog->geometry();
+    }));
+}
+
 void giveDialogTheKeyboard() {
     xdotool("search --sync --onlyvisible --name '^Over$' windowfocus --sync");
 }
@@ -101,7 +110,7 @@ TEST_CASE("a dialog that comes up over a modal window takes keys") {
     const contract::Window owner;
     const WindowHandle box = createBox();
     const DialogFromTheLoop dialog(
-        {[] { contract::letPass(300); }, giveDialogTheKeyboard, [] { xdotool("key Escape"); }});
+        {waitForDialog, giveDialogTheKeyboard, [] { xdotool("key Escape"); }});
     const contract::Timer timer(50, [&] {
         if (dialog.closed()) showWindow(box, false);
     });
@@ -111,7 +120,7 @@ TEST_CASE("a dialog that comes up over a modal window takes keys") {
 }
 
 TEST_CASE("a dialog that comes up over a message box takes clicks") {
-    const DialogFromTheLoop dialog({[] { contract::letPass(300); }, clickCancel});
+    const DialogFromTheLoop dialog({waitForDialog, clickCancel});
     const contract::Timer timer(50, [&] {
         if (dialog.closed()) contract::closeWhatIsOpen();
     });
