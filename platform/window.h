@@ -67,6 +67,10 @@ struct PushButton {
     PointerShape pointer;
 };
 
+/// What the frame adds to a window's client area, pixels: nothing for `Frame::None`. May wait for
+/// the window manager to tell, for a second at most; nothing if it doesn't.
+Size frameSize(Frame frame);
+
 /// Makes a hidden top-level window.
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events);
 
@@ -76,9 +80,10 @@ void destroyWindow(WindowHandle window);
 /// Shows a window without blocking, or hides it.
 void showWindow(WindowHandle window, bool visible);
 
-/// Shows a window, disables all other windows of the program and runs events until it is hidden
-/// or destroyed.
-void showWindowModal(WindowHandle window);
+/// Shows a window, keeps the user from its owner alone, and runs events until it is hidden or
+/// destroyed. The owner takes input again from then on, even if a dialog that came up meanwhile
+/// keeps the call from returning.
+void showWindowModal(WindowHandle window, WindowHandle owner);
 
 /// Has `paint` called, once, before the event loop next waits.
 void requestPaint(WindowHandle window);
@@ -114,7 +119,8 @@ std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items);
 
 enum class MessageIcon { None, Critical };
 
-/// Shows a message with an OK button and runs events until it is closed.
+/// Shows a message with an OK button and runs events until it is closed. It keeps the user from the
+/// windows that there are, not from dialogs, menus and the tray icon.
 void messageBox(const std::string& text, const std::string& title, MessageIcon icon);
 
 } // namespace platform

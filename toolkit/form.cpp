@@ -13,12 +13,17 @@ Form::~Form() { close(); }
 void Form::load() {
     if (window_ != 0) return;
     bounds_ = data_.bounds;
-    if (data_.centred) {
-        bounds_.left = (Screen::Width() - bounds_.width) / 2;
-        bounds_.top = (Screen::Height() - bounds_.height) / 2;
-    }
+    if (data_.centred) centre();
     createWindow();
     if (Load) Load();
+}
+
+void Form::centre() {
+    const platform::Size frame = platform::frameSize(data_.frame);
+    const Twips frameWidth = static_cast<Twips>(frame.width) * Screen::TwipsPerPixelX();
+    const Twips frameHeight = static_cast<Twips>(frame.height) * Screen::TwipsPerPixelY();
+    bounds_.left = (Screen::Width() - bounds_.width - frameWidth) / 2;
+    bounds_.top = (Screen::Height() - bounds_.height - frameHeight) / 2;
 }
 
 void Form::createWindow() {
@@ -150,11 +155,11 @@ void Form::Show() {
     platform::showWindow(window_, true);
 }
 
-void Form::ShowModal() {
+void Form::ShowModal(Form& owner) {
     load();
     if (visible_) return;
     visible_ = true;
-    platform::showWindowModal(window_);
+    platform::showWindowModal(window_, owner.hWnd());
     visible_ = false;
 }
 

@@ -17,7 +17,7 @@ namespace toolkit {
 struct FormData {
     std::string caption;
     Bounds bounds;        ///< as designed; `left` and `top` count only if not centred
-    bool centred = false; ///< in the middle of the screen when it loads
+    bool centred = false; ///< in the middle of the screen, frame included, when it loads
     StoredColour backColour = Black;
     platform::Picture picture; ///< drawn from the top left corner at its natural size
     platform::Frame frame = platform::Frame::None;
@@ -47,8 +47,9 @@ class Form {
 
     /// Shows the window without waiting for it.
     void Show();
-    /// Shows the window and returns when it is hidden or unloaded; at once if it shows already.
-    void ShowModal();
+    /// Shows the window, keeps the user from its owner, and returns when it is hidden or unloaded;
+    /// at once if it shows already.
+    void ShowModal(Form& owner);
     void Hide();
     /// Runs `QueryUnload`, then takes the window away. The next touch loads it afresh.
     void Unload();
@@ -77,6 +78,7 @@ class Form {
     void changed();
 
   private:
+    void centre();
     void createWindow();
     void close();
     void place();

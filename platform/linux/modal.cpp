@@ -1,30 +1,15 @@
+#include "platform/linux/input_barrier.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
 #include "platform/window.h"
 
 #include <QCursor>
-#include <QEvent>
 #include <QEventLoop>
 #include <QMenu>
 #include <QMessageBox>
-#include <QPointer>
 
 namespace platform {
 namespace {
-
-/// Ends a loop when its window is hidden, also on the way to being destroyed.
-class HideWatch : public QObject {
-  public:
-    explicit HideWatch(QEventLoop& loop) : loop_(loop) {}
-
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Hide && !event->spontaneous()) loop_.quit();
-        return false;
-    }
-
-  private:
-    QEventLoop& loop_;
-};
 
 /// Captions without a mnemonic answer to their first letter.
 QString menuText(const std::string& caption) {
@@ -42,19 +27,16 @@ void fillMenu(QMenu& menu, const std::vector<MenuItem>& items) {
 
 } // namespace
 
-void showWindowModal(WindowHandle window) {
+void showWindowModal(WindowHandle window, WindowHandle owner) {
     WindowWidget* const widget = findWindow(window);
     if (widget == nullptr) return;
+    std::vector<WindowWidget*> barred;
+    if (WindowWidget* const found = findWindow(owner)) barred.push_back(found);
     QEventLoop loop;
-    HideWatch watch(loop);
-    widget->installEventFilter(&watch);
-    widget->hide();
-    widget->setWindowModality(Qt::ApplicationModal);
-    widget->show();
+    const InputBarrier barrier(barred, *widget, [&] { loop.quit(); });
+    widget->reveal();
+    // A dialog over this window runs a loop inside this one: the window may be gone afterwards.
     loop.exec();
-    // Still there even when it was destroyed meanwhile: it goes with the loop around this one.
-    widget->removeEventFilter(&watch);
-    widget->setWindowModality(Qt::NonModal);
 }
 
 std::int32_t popupMenu(WindowHandle /*window*/, const std::vector<MenuItem>& items) {
@@ -70,7 +52,13 @@ void messageBox(const std::string& text, const std::string& title, MessageIcon i
     box.setTextFormat(Qt::PlainText);
     box.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                        Qt::WindowCloseButtonHint);
-    box.exec();
+    box.setWindowModality(Qt::NonModal); // the barrier does what is wanted of it
+    QEventLoop loop;
+    const InputBarrier barrier(allWindows(), box, [&] { loop.quit(); });
+    box.show();
+    box.raise();
+    box.activateWindow();
+    loop.exec();
 }
 
 } // namespace platform

@@ -1,4 +1,5 @@
 #include "platform/linux/hook.h"
+#include "platform/linux/new_tray_ignored.h"
 #include "platform/linux/tray_clicks.h"
 #include "platform/shell.h"
 
@@ -107,6 +108,7 @@ class TrayIcon {
     QElapsedTimer clock_;
     RightRelease release_;
     QSystemTrayIcon icon_;
+    NewTrayIgnored newTrayIgnored_;
     QObject poster_; ///< its end takes back what is posted and not yet delivered
 };
 

@@ -34,6 +34,13 @@ WindowWidget* findWindow(WindowHandle window) {
     return found == table().windows.end() ? nullptr : found->second;
 }
 
+std::vector<WindowWidget*> allWindows() {
+    std::vector<WindowWidget*> all;
+    for (const auto& [handle, widget] : table().windows)
+        all.push_back(widget);
+    return all;
+}
+
 WindowWidget* firstWindow() {
     return table().windows.empty() ? nullptr : table().windows.begin()->second;
 }

@@ -76,13 +76,12 @@ bool fill(OPENFILENAME& record, const std::string& bytes) {
 /// Runs a dialog that keeps its owner from the user.
 template <class Script>
 Script runDialog(platform::WindowHandle owner, std::vector<Script>& scripts) {
+    std::vector<platform::WindowHandle> owners;
     if (owner != 0) {
         const platform::WindowHandle parent = existing(owner).parent;
-        world.windows.disabledOwners.push_back(parent == 0 ? owner : parent);
+        owners.push_back(parent == 0 ? owner : parent);
     }
-    const Restore leave([owner] {
-        if (owner != 0) world.windows.disabledOwners.pop_back();
-    });
+    const Disabled disabled(owners);
     run();
     if (scripts.empty()) return {};
     Script script = std::move(scripts.front());

@@ -195,8 +195,7 @@ void endProcess(int status) {
 void fatalMessage(const char* text) {
     world.messages.fatal.emplace_back(text);
     simulated::note(std::string("fatal message \"") + text + '"');
-    ++world.windows.allDisabled;
-    const simulated::Restore leave([] { --world.windows.allDisabled; });
+    const simulated::Disabled disabled(simulated::allWindows());
     simulated::run();
     simulated::runNextScript(world.messages.scripts);
 }

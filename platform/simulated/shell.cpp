@@ -95,8 +95,7 @@ std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items) 
 void messageBox(const std::string& text, const std::string& title, MessageIcon icon) {
     world.messages.shown.push_back({text, title, icon});
     simulated::note("message \"" + text + '"');
-    ++world.windows.allDisabled;
-    const simulated::Restore leave([] { --world.windows.allDisabled; });
+    const simulated::Disabled disabled(simulated::allWindows());
     simulated::run();
     simulated::runNextScript(world.messages.scripts);
 }

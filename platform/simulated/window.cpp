@@ -49,10 +49,26 @@ void paintWaiting() {
 
 bool enabled(WindowHandle handle) {
     const Windows& windows = world.windows;
-    if (windows.allDisabled > 0) return false;
-    if (!windows.modal.empty() && windows.modal.back() != handle) return false;
-    return std::find(windows.disabledOwners.begin(), windows.disabledOwners.end(), handle) ==
-           windows.disabledOwners.end();
+    const auto& owners = windows.modalOwners;
+    return std::none_of(owners.begin(), owners.end(),
+                        [&](const auto& entry) { return entry.second == handle; }) &&
+           std::find(windows.disabled.begin(), windows.disabled.end(), handle) ==
+               windows.disabled.end();
+}
+
+Disabled::Disabled(const std::vector<WindowHandle>& windows)
+    : before_(world.windows.disabled.size()) {
+    auto& disabled = world.windows.disabled;
+    disabled.insert(disabled.end(), windows.begin(), windows.end());
+}
+
+Disabled::~Disabled() { world.windows.disabled.resize(before_); }
+
+std::vector<WindowHandle> allWindows() {
+    std::vector<WindowHandle> all;
+    for (const auto& [handle, one] : world.windows.all)
+        if (!one.trayCode) all.push_back(handle);
+    return all;
 }
 
 void bringToFront(WindowHandle handle) {
@@ -66,7 +82,10 @@ void setVisible(WindowHandle handle, bool visible) {
     if (changed.visible == visible) return;
     changed.visible = visible;
     changed.paintWanted = visible;
-    if (!visible) std::erase(world.windows.order, handle);
+    if (!visible) {
+        std::erase(world.windows.order, handle);
+        world.windows.modalOwners.erase(handle);
+    }
     note((visible ? "show window " : "hide window ") + std::to_string(handle));
 }
 
@@ -112,6 +131,8 @@ namespace platform {
 using simulated::existing;
 using simulated::world;
 
+Size frameSize(Frame frame) { return {0, frame == Frame::Dialog ? simulated::TitleBarHeight : 0}; }
+
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
     if (options.size.width <= 0 || options.size.height <= 0) simulated::misuse("an empty window");
     const WindowHandle handle = ++world.windows.last;
@@ -129,16 +150,17 @@ void destroyWindow(WindowHandle window) {
         return entry.first == window || entry.second.parent == window;
     });
     std::erase(world.windows.order, window);
+    world.windows.modalOwners.erase(window);
     if (world.windows.captured == window) world.windows.captured = 0;
     if (world.windows.hovered == window) world.windows.hovered = 0;
 }
 
 void showWindow(WindowHandle window, bool visible) { simulated::setVisible(window, visible); }
 
-void showWindowModal(WindowHandle window) {
+void showWindowModal(WindowHandle window, WindowHandle owner) {
+    existing(owner);
     simulated::setVisible(window, true);
-    world.windows.modal.push_back(window);
-    const simulated::Restore leave([] { world.windows.modal.pop_back(); });
+    world.windows.modalOwners[window] = owner;
     simulated::run();
     simulated::runNextScript(world.windows.modalScripts);
     const auto closed = [&] {

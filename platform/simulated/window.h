@@ -49,10 +49,9 @@ struct Windows {
     WindowHandle captured = 0; ///< has the pointer while buttons are down
     WindowHandle hovered = 0;
     std::vector<PointerButton> held;
-    std::vector<PointerButton> ignored;       ///< held since a press that a disabled window ignored
-    std::vector<WindowHandle> modal;          ///< windows that disable all others, innermost last
-    int allDisabled = 0;                      ///< message boxes that are open
-    std::vector<WindowHandle> disabledOwners; ///< owners of open dialogs
+    std::vector<PointerButton> ignored; ///< held since a press that a disabled window ignored
+    std::map<WindowHandle, WindowHandle> modalOwners; ///< owners by the windows that disable them
+    std::vector<WindowHandle> disabled; ///< by messages and dialogs, once for each of these
     std::vector<std::function<void()>> modalScripts;
 };
 

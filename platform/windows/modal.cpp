@@ -1,31 +1,11 @@
 #include "platform/windows/code_page.h"
+#include "platform/windows/disabled.h"
 #include "platform/windows/handles.h"
 #include "platform/windows/message_window.h"
 #include "platform/windows/window_table.h"
 
 namespace platform {
 namespace {
-
-/// The windows that a modal one keeps the user from, for as long as it lasts.
-class OthersDisabled {
-  public:
-    explicit OthersDisabled(HWND modal) {
-        for (const WindowRecord& record : windowTable()) {
-            if (record->window == modal || IsWindowEnabled(record->window) == FALSE) continue;
-            disabled_.push_back(record->window);
-            EnableWindow(record->window, FALSE);
-        }
-    }
-    OthersDisabled(const OthersDisabled&) = delete;
-    OthersDisabled& operator=(const OthersDisabled&) = delete;
-    ~OthersDisabled() {
-        for (const HWND window : disabled_)
-            EnableWindow(window, TRUE);
-    }
-
-  private:
-    std::vector<HWND> disabled_;
-};
 
 void runWhileVisible(HWND window) {
     MSG message = {};
@@ -66,15 +46,14 @@ void takeTooltipsAway() {
 
 } // namespace
 
-void showWindowModal(WindowHandle window) {
-    const HWND active = GetActiveWindow();
-    {
-        const OthersDisabled others(windowOf(window));
-        showWindow(window, true);
-        runWhileVisible(windowOf(window));
-    }
-    // The system may have given the keyboard to another program while all others were disabled.
-    if (active != nullptr && IsWindowVisible(active) != FALSE) SetForegroundWindow(active);
+void showWindowModal(WindowHandle window, WindowHandle owner) {
+    const WindowRecord record = findWindow(windowOf(window));
+    if (record == nullptr) return;
+    const KeyboardReturned keyboard;
+    record->ownerDisabled = std::make_shared<Disabled>(onlyWindow(windowOf(owner)));
+    showWindow(window, true);
+    runWhileVisible(windowOf(window));
+    record->ownerDisabled.reset();
 }
 
 std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items) {
@@ -91,9 +70,11 @@ std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items) 
 }
 
 void messageBox(const std::string& text, const std::string& title, MessageIcon icon) {
+    const KeyboardReturned keyboard;
+    const Disabled all(windowTable());
     const UINT look = icon == MessageIcon::Critical ? MB_ICONERROR : 0;
     MessageBoxW(nullptr, toWide(text).c_str(), toWide(title).c_str(),
-                MB_OK | MB_TASKMODAL | MB_SETFOREGROUND | look);
+                MB_OK | MB_SETFOREGROUND | look);
 }
 
 } // namespace platform

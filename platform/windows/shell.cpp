@@ -1,5 +1,6 @@
 #include "platform/shell.h"
 
+#include "platform/windows/disabled.h"
 #include "platform/windows/handles.h"
 
 #include <algorithm>
@@ -75,6 +76,8 @@ std::int32_t SHBrowseForFolder(BROWSEINFO* record) {
     system.pszDisplayName = record->pszDisplayName;
     system.lpszTitle = record->lpszTitle;
     system.ulFlags = record->ulFlags;
+    const KeyboardReturned keyboard;
+    const Disabled owner(onlyWindow(system.hwndOwner));
     const LPITEMIDLIST item = ::SHBrowseForFolderA(&system);
     if (item == nullptr) return 0;
     items().push_back(item);

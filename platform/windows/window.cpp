@@ -38,12 +38,6 @@ void registerClass() {
     static_cast<void>(registered);
 }
 
-Size outerSize(const WindowOptions& options, Style style) {
-    RECT edges = {0, 0, options.size.width, options.size.height};
-    AdjustWindowRectEx(&edges, style.usual, FALSE, style.extended);
-    return {edges.right - edges.left, edges.bottom - edges.top};
-}
-
 void reveal(HWND window) {
     ShowWindow(window, IsIconic(window) != FALSE ? SW_RESTORE : SW_SHOW);
     SetForegroundWindow(window);
@@ -63,10 +57,18 @@ WindowRecord findWindow(HWND window) {
     return found == windowTable().end() ? nullptr : *found;
 }
 
+Size frameSize(Frame frame) {
+    const Style style = styleOf(frame);
+    RECT edges = {};
+    AdjustWindowRectEx(&edges, style.usual, FALSE, style.extended);
+    return {edges.right - edges.left, edges.bottom - edges.top};
+}
+
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
     registerClass();
     const Style style = styleOf(options.frame);
-    const Size size = outerSize(options, style);
+    const Size edges = frameSize(options.frame);
+    const Size size = {options.size.width + edges.width, options.size.height + edges.height};
     const HWND window = CreateWindowExW(
         style.extended, className, toWide(options.title).c_str(), style.usual, options.position.x,
         options.position.y, size.width, size.height, nullptr, nullptr, program(), nullptr);
@@ -79,6 +81,7 @@ WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
 }
 
 void destroyWindow(WindowHandle window) {
+    if (const WindowRecord record = findWindow(windowOf(window))) record->ownerDisabled.reset();
     // Out of the table first: nothing that its end brings about is told any more.
     std::erase_if(windowTable(),
                   [&](const WindowRecord& record) { return record->window == windowOf(window); });
@@ -86,10 +89,9 @@ void destroyWindow(WindowHandle window) {
 }
 
 void showWindow(WindowHandle window, bool visible) {
-    if (visible)
-        reveal(windowOf(window));
-    else
-        ShowWindow(windowOf(window), SW_HIDE);
+    if (visible) return reveal(windowOf(window));
+    if (const WindowRecord record = findWindow(windowOf(window))) record->ownerDisabled.reset();
+    ShowWindow(windowOf(window), SW_HIDE);
 }
 
 void requestPaint(WindowHandle window) { InvalidateRect(windowOf(window), nullptr, FALSE); }

@@ -55,16 +55,18 @@ TEST_CASE("a shown window paints itself, and again for a request, however often 
 }
 
 TEST_CASE("a modal window holds the call until it is hidden, and ticks go on") {
+    const contract::Window owner;
     const contract::Window window;
     int ticks = 0;
     const contract::Timer timer(20, [&] {
         if (++ticks >= 3) showWindow(window.handle, false);
     });
-    showWindowModal(window.handle);
+    showWindowModal(window.handle, owner.handle);
     CHECK(ticks >= 3);
 }
 
 TEST_CASE("a modal window's call returns when the window is destroyed") {
+    const contract::Window owner;
     WindowOptions options;
     options.title = "Box";
     options.frame = Frame::Dialog;
@@ -78,7 +80,7 @@ TEST_CASE("a modal window's call returns when the window is destroyed") {
         destroyWindow(box);
     });
     self = &timer;
-    showWindowModal(box);
+    showWindowModal(box, owner.handle);
     CHECK(ticks == 1);
 }
 
@@ -91,4 +93,33 @@ TEST_CASE("handles are never 0 and never shared") {
     CHECK(first.handle != second.handle);
     CHECK(hook != first.handle);
     CHECK(hook != second.handle);
+}
+
+TEST_CASE("a framed window takes up what it was told that its frame would add, where it was put") {
+    WindowOptions options;
+    options.title = "Framed";
+    options.frame = Frame::Dialog;
+    options.position = {300, 200};
+    options.size = {297, 223};
+    const Size frame = frameSize(Frame::Dialog);
+    CHECK(frame.height > 0);
+    const Picture picture(297, 223, 0xFF336699U);
+    WindowEvents events;
+    events.paint = [&]() -> const Picture& { return picture; };
+    const WindowHandle window = createWindow(options, std::move(events));
+    showWindow(window, true);
+    CHECK(contract::inShape(window, 10, 10));
+    const Rect expected{300, 200, 300 + 297 + frame.width, 200 + 223 + frame.height};
+    CHECK(contract::waitUntil([&] { return contract::outerArea(window) == expected; }));
+    destroyWindow(window);
+}
+
+TEST_CASE("a window without a frame takes up its client area") {
+    CHECK(frameSize(Frame::None) == Size{0, 0});
+    const contract::Window window;
+    showWindow(window.handle, true);
+    CHECK(contract::inShape(window.handle, 10, 10));
+    CHECK(contract::waitUntil([&] {
+        return contract::outerArea(window.handle) == Rect{200, 150, 320, 230};
+    }));
 }

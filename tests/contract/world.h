@@ -39,6 +39,13 @@ void keepNextMessageOpen();
 /// Does nothing while nothing is open: call it until the wait is over.
 void closeWhatIsOpen();
 
+/// Clicks a client pixel of a window that is shown with the left button, whether or not the window
+/// takes it.
+void click(platform::WindowHandle window, std::int32_t x, std::int32_t y);
+
+/// What a window that is shown takes up on the screen, its frame included.
+platform::Rect outerArea(platform::WindowHandle window);
+
 /// Whether a client pixel of a window that is shown belongs to it as it is cut now.
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y);
 

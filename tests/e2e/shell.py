@@ -58,6 +58,14 @@ def escape(player, dialog):
     wait_until_gone(player, dialog, "the dialog to close")
 
 
+def open_playlist(player, window):
+    """Opens the playlist by the main window's key, and gives its window."""
+    before = numbers(player)
+    click(window, PLAYLIST)
+    return wait_until(lambda: next((shown for shown in player.windows()
+                                    if shown.number not in before), None), "the playlist", player)
+
+
 def quit_player(player, window):
     click(window, QUIT)
     check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
@@ -410,11 +418,7 @@ def odd_names(world):
 
 def check_rows(player, window):
     """The playlist shows text in each of its three rows."""
-    before = numbers(player)
-    click(window, PLAYLIST)
-    playlist = wait_until(lambda: next((shown for shown in player.windows()
-                                        if shown.number not in before), None),
-                          "the playlist", player)
+    playlist = open_playlist(player, window)
 
     def all_written():
         screen = Screenshot()

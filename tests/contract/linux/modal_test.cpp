@@ -2,6 +2,7 @@
 #include "platform/system.h"
 #include "platform/window.h"
 #include "tests/contract/linux/real_pointer.h"
+#include "tests/contract/linux/shown_dialog.h"
 #include "tests/contract/world.h"
 
 #include <doctest/doctest.h>
@@ -23,8 +24,8 @@ class Later {
 
   private:
     void step() {
-        const bool open = QApplication::activePopupWidget() != nullptr ||
-                          QApplication::activeModalWidget() != nullptr;
+        const bool open =
+            QApplication::activePopupWidget() != nullptr || contract::shownDialog() != nullptr;
         if (open && next_ < steps_.size()) xdotool(steps_[next_++]);
     }
 
@@ -83,10 +84,10 @@ TEST_CASE("a menu that is left by Escape or a click elsewhere picks nothing") {
 TEST_CASE("a message box is closed by the keyboard") {
     const Later later({"key Return"});
     messageBox("There is <b>nothing</b> to play.", "Orvan", MessageIcon::Critical);
-    CHECK(QApplication::activeModalWidget() == nullptr);
+    CHECK(contract::shownDialog() == nullptr);
 }
 
-TEST_CASE("a modal window keeps the pointer from the others, and its close box is told") {
+TEST_CASE("a modal window keeps the pointer from its owner, and its close box is told") {
     int presses = 0;
     int closings = 0;
     Picture dark(120, 80, 0xFF202020U);
@@ -113,7 +114,7 @@ TEST_CASE("a modal window keeps the pointer from the others, and its close box i
     box = createWindow(options, std::move(events));
     {
         const Later later({"mousemove 230 170 click 1", "key alt+F4"});
-        showWindowModal(box);
+        showWindowModal(box, window.handle);
     }
     CHECK(closings == 1);
     CHECK(presses == 0);

@@ -3,6 +3,8 @@
 #include "platform/desktop.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
+#include "tests/contract/linux/real_pointer.h"
+#include "tests/contract/linux/shown_dialog.h"
 #include "tests/contract/tone.h"
 
 #include <QApplication>
@@ -154,8 +156,25 @@ void keepNextMessageOpen() {}
 
 void closeWhatIsOpen() {
     QWidget* open = QApplication::activePopupWidget();
-    if (open == nullptr) open = QApplication::activeModalWidget();
+    if (open == nullptr) open = shownDialog();
     if (open != nullptr) open->close();
+}
+
+void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
+    const QPoint place = platform::findWindow(window)->mapToGlobal(QPoint(x, y));
+    xdotool("mousemove " + std::to_string(place.x()) + ' ' + std::to_string(place.y()) +
+            " click 1");
+}
+
+platform::Rect outerArea(platform::WindowHandle window) {
+    const xcb_window_t screen = xcb_setup_roots_iterator(xcb_get_setup(server())).data->root;
+    auto outer = static_cast<xcb_window_t>(platform::findWindow(window)->winId());
+    while (parentOf(outer) != screen)
+        outer = parentOf(outer);
+    const Reply<xcb_get_geometry_reply_t> area(
+        xcb_get_geometry_reply(server(), xcb_get_geometry(server(), outer), nullptr));
+    const std::int32_t borders = 2 * area->border_width;
+    return {area->x, area->y, area->x + area->width + borders, area->y + area->height + borders};
 }
 
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {

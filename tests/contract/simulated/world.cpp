@@ -63,6 +63,18 @@ void keepNextMessageOpen() { simulated::world.messages.whileOpen(stayOpen); }
 
 void closeWhatIsOpen() { closing = true; }
 
+void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
+    simulated::click(window, x, y);
+}
+
+platform::Rect outerArea(platform::WindowHandle window) {
+    const simulated::Window& shown = simulated::window(window);
+    const bool titled = shown.options.frame == platform::Frame::Dialog;
+    const platform::Point corner = shown.position;
+    return {corner.x, corner.y, corner.x + shown.size.width,
+            corner.y + shown.size.height + (titled ? simulated::TitleBarHeight : 0)};
+}
+
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
     return simulated::inShape(window, x, y);
 }

@@ -113,6 +113,20 @@ void closeWhatIsOpen() {
     EnumThreadWindows(GetCurrentThreadId(), closeDialog, 0);
 }
 
+void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
+    POINT place = {x, y};
+    ClientToScreen(platform::windowOf(window), &place);
+    SetCursorPos(place.x, place.y);
+    mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+    mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+}
+
+platform::Rect outerArea(platform::WindowHandle window) {
+    RECT area = {};
+    GetWindowRect(platform::windowOf(window), &area);
+    return {area.left, area.top, area.right, area.bottom};
+}
+
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
     const HWND handle = platform::windowOf(window);
     if (IsWindowVisible(handle) == FALSE) return false;

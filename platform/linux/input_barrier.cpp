@@ -1,0 +1,82 @@
+#include "platform/linux/input_barrier.h"
+
+#include "platform/linux/window_widget.h"
+
+#include <QCoreApplication>
+
+#include <utility>
+
+namespace platform {
+namespace {
+
+bool isInput(QEvent::Type type) {
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::Enter:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::Close:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+InputBarrier::InputBarrier(const std::vector<WindowWidget*>& barred, QWidget& front,
+                           std::function<void()> lifted)
+    : front_(&front), lifted_(std::move(lifted)) {
+    front.installEventFilter(this);
+    for (WindowWidget* const window : barred) {
+        bar(*window);
+        for (QWidget* const button : window->findChildren<QWidget*>())
+            bar(*button);
+    }
+}
+
+void InputBarrier::bar(QWidget& widget) {
+    // What lies under the pointer there lights up and has its tooltip no longer.
+    QEvent leave(QEvent::Leave);
+    if (widget.underMouse()) QCoreApplication::sendEvent(&widget, &leave);
+    widget.installEventFilter(this);
+    barred_.emplace_back(&widget);
+}
+
+bool InputBarrier::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == front_) {
+        if (event->type() == QEvent::Hide && !event->spontaneous()) lift();
+        return false;
+    }
+    if (event->type() == QEvent::WindowActivate) bringToFront();
+    if (!isInput(event->type())) return false;
+    event->ignore(); // Qt closes a window whose closing was accepted
+    return true;
+}
+
+void InputBarrier::lift() {
+    front_->removeEventFilter(this);
+    for (const QPointer<QWidget>& widget : barred_)
+        if (widget != nullptr) widget->removeEventFilter(this);
+    barred_.clear();
+    lifted_();
+}
+
+void InputBarrier::bringToFront() {
+    QWidget* const front = front_;
+    if (front == nullptr) return;
+    const auto activate = [front] {
+        if (!front->isVisible()) return;
+        front->raise();
+        front->activateWindow();
+    };
+    // Not from inside the change of windows that is under way.
+    QMetaObject::invokeMethod(front, activate, Qt::QueuedConnection);
+}
+
+} // namespace platform

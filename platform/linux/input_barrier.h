@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QEvent>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+namespace platform {
+
+class WindowWidget;
+
+/// Keeps the user from some windows of the player for as long as another window shows. Qt's own
+/// modality would keep the user from the tray's icon and from dialogs that come later, too.
+class InputBarrier : public QObject {
+  public:
+    /// `lifted` runs once, when `front` hides, also on the way to being destroyed.
+    InputBarrier(const std::vector<WindowWidget*>& barred, QWidget& front,
+                 std::function<void()> lifted);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void bar(QWidget& widget);
+    void lift();
+    void bringToFront();
+
+    QPointer<QWidget> front_;
+    std::vector<QPointer<QWidget>> barred_; ///< windows and the push buttons in them
+    std::function<void()> lifted_;
+};
+
+} // namespace platform

@@ -1,0 +1,36 @@
+#include "platform/linux/x_server.h"
+
+#include <QGuiApplication>
+
+namespace platform::x {
+
+xcb_connection_t* server() {
+    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+}
+
+xcb_window_t root() { return xcb_setup_roots_iterator(xcb_get_setup(server())).data->root; }
+
+xcb_atom_t atom(std::string_view name) {
+    const auto request =
+        xcb_intern_atom(server(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(server(), request, nullptr));
+    return reply == nullptr ? xcb_atom_t{XCB_ATOM_NONE} : reply->atom;
+}
+
+std::string nameOf(xcb_atom_t atom) {
+    const Reply<xcb_get_atom_name_reply_t> reply(
+        xcb_get_atom_name_reply(server(), xcb_get_atom_name(server(), atom), nullptr));
+    if (reply == nullptr) return {};
+    return {xcb_get_atom_name_name(reply.get()), reply->name_len};
+}
+
+std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) {
+    constexpr std::uint32_t longest = 1024;
+    const auto request = xcb_get_property(server(), 0, window, name, type, 0, longest);
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(server(), request, nullptr));
+    if (reply == nullptr || reply->format != 32) return {};
+    const auto* const values = static_cast<std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return {values, values + reply->value_len};
+}
+
+} // namespace platform::x

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The X server over Qt's own connection, for what Qt has no word for. After `start`.
+namespace platform::x {
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <class T>
+using Reply = std::unique_ptr<T, FreeReply>;
+
+xcb_connection_t* server();
+xcb_window_t root();
+
+/// The atom of a name, which is made if there is none yet.
+xcb_atom_t atom(std::string_view name);
+/// Empty if there is no such atom.
+std::string nameOf(xcb_atom_t atom);
+
+/// The 32-bit values of a window's property; none if there is no such property.
+std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type);
+
+} // namespace platform::x

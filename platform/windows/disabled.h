@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/windows/window_table.h"
+
+#include <vector>
+
+namespace platform {
+
+/// Keeps the user from windows of the player for as long as the object lives, whatever else does
+/// so meanwhile and ends before or after it.
+class Disabled {
+  public:
+    explicit Disabled(std::vector<WindowRecord> windows);
+    Disabled(const Disabled&) = delete;
+    Disabled& operator=(const Disabled&) = delete;
+    ~Disabled();
+
+  private:
+    std::vector<WindowRecord> windows_;
+};
+
+/// The window alone, or none if it isn't the player's.
+std::vector<WindowRecord> onlyWindow(HWND window);
+
+/// Gives the keyboard back to the window that had it when the object was made: the system may give
+/// it to another program when a window goes whose owner was disabled.
+class KeyboardReturned {
+  public:
+    KeyboardReturned() : active_(GetActiveWindow()) {}
+    KeyboardReturned(const KeyboardReturned&) = delete;
+    KeyboardReturned& operator=(const KeyboardReturned&) = delete;
+    ~KeyboardReturned();
+
+  private:
+    HWND active_;
+};
+
+} // namespace platform

@@ -1,0 +1,82 @@
+"""The about box among the other windows: its place, what stays within reach, and dialogs over it."""
+
+from menus import ABOUT, EXIT, MAXIMIZED, OPEN_FILE, numbers
+from scenario import scenario
+from sessions import click, xdotool
+from shell import (ABOUT_TITLE, CLOSE, MINIMISE, OPEN_TITLE, Tray, about_of, escape, quit_player,
+                   start_with, wait_until_gone)
+from world import check, output_of, wait_until
+
+
+def open_about(tray, player):
+    tray.choose(player, ABOUT)
+    return about_of(player)
+
+
+def frame_of(player):
+    """Left, top, right and bottom of the about box's frame on the screen, once it has one."""
+    def frame():
+        box = player.dialog(ABOUT_TITLE)
+        if any(player.build.about_frame):
+            sides = [0, 0, 0, 0]
+        else:
+            told = output_of("xprop", "-id", box.number, "-notype", "_NET_FRAME_EXTENTS").decode()
+            sides = [int(side) for side in told.partition("=")[2].split(",") if side]
+        if not sides:
+            return None
+        left, right, top, bottom = sides
+        return (box.left - left, box.top - top,
+                box.left + box.size[0] + right, box.top + box.size[1] + bottom)
+    return wait_until(frame, "the frame", player)
+
+
+@scenario("the about box stands in the middle of the screen, its frame included")
+def place_of_the_about_box(world):
+    tray = Tray(world)
+    player, window = start_with(world)
+    open_about(tray, player)
+    left, top, right, bottom = frame_of(player)
+    about = about_of(player)
+    check(about.top - top > 10, "it has no title bar")
+    check(abs(left + right - 1024) <= 2 and abs(top + bottom - 768) <= 2,
+          f"its frame is at {left}, {top}, {right}, {bottom}")
+    click(about, CLOSE)
+    wait_until_gone(player, about, "the about box to close")
+    quit_player(player, window)
+
+
+@scenario("the tray icon shows its menu and brings the window back while the about box is open")
+def tray_beside_the_about_box(world):
+    tray = Tray(world)
+    player, window = start_with(world)
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the window to hide")
+    about = open_about(tray, player)
+    tray.click(player, times=2)
+    again = player.face()
+    click(again, MINIMISE)
+    tray.choose(player, MAXIMIZED)
+    check(again.number in numbers(player), "the main window took a click")
+    click(about, CLOSE)
+    wait_until_gone(player, about, "the about box to close")
+    tray.choose(player, EXIT)
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+
+
+@scenario("a dialog over the about box takes keys, and outlives the box")
+def dialog_over_the_about_box(world):
+    tray = Tray(world)
+    player, window = start_with(world)
+    about = open_about(tray, player)
+    tray.choose(player, OPEN_FILE)
+    escape(player, player.dialog(OPEN_TITLE))
+    tray.choose(player, OPEN_FILE)
+    dialog = player.dialog(OPEN_TITLE)
+    xdotool("windowfocus", "--sync", about.number, "key", "alt+c")
+    wait_until_gone(player, about, "the about box to close")
+    xdotool("windowmove", "--sync", dialog.number, 390, 300)
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the main window to take a click beside the dialog")
+    escape(player, dialog)
+    tray.click(player, times=2)
+    quit_player(player, player.face())
