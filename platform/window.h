@@ -80,10 +80,11 @@ void destroyWindow(WindowHandle window);
 /// Shows a window without blocking, or hides it.
 void showWindow(WindowHandle window, bool visible);
 
-/// Shows a window, keeps the user from its owner alone, and runs events until it is hidden or
-/// destroyed. The owner takes input again from then on, even if a dialog that came up meanwhile
-/// keeps the call from returning.
-void showWindowModal(WindowHandle window, WindowHandle owner);
+/// Shows a window, keeps the user from the other windows that there are, and runs events until it
+/// is hidden or destroyed. Dialogs and menus that come up meanwhile and the tray icon stay within
+/// reach. The others take input again from then on, even if such a dialog keeps the call from
+/// returning.
+void showWindowModal(WindowHandle window);
 
 /// Has `paint` called, once, before the event loop next waits.
 void requestPaint(WindowHandle window);

@@ -27,7 +27,7 @@ void FrmPlayer::createMenus() {
                   {{"mnuPlay", "Play", [this] { startfile(); }, {}},
                    {"mnuStop", "Stop", [this] { mnuStop_Click(); }, {}},
                    {"mnuNext", "Next", [this] { nextfile(); }, {}}}},
-                 {"mnuAbout", "About", [this] { shared_.aboutBox().window.ShowModal(window); }, {}},
+                 {"mnuAbout", "About", [this] { shared_.aboutBox().window.ShowModal(); }, {}},
                  {"mnuExit", "Exit", [this] { unloadmebaby(); }, {}}}};
     mnuOpenDialog = {"mnuOpenDialog",
                      "Open",

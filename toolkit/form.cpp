@@ -155,11 +155,11 @@ void Form::Show() {
     platform::showWindow(window_, true);
 }
 
-void Form::ShowModal(Form& owner) {
+void Form::ShowModal() {
     load();
     if (visible_) return;
     visible_ = true;
-    platform::showWindowModal(window_, owner.hWnd());
+    platform::showWindowModal(window_);
     visible_ = false;
 }
 

@@ -27,13 +27,13 @@ void fillMenu(QMenu& menu, const std::vector<MenuItem>& items) {
 
 } // namespace
 
-void showWindowModal(WindowHandle window, WindowHandle owner) {
+void showWindowModal(WindowHandle window) {
     WindowWidget* const widget = findWindow(window);
     if (widget == nullptr) return;
-    std::vector<WindowWidget*> barred;
-    if (WindowWidget* const found = findWindow(owner)) barred.push_back(found);
+    std::vector<WindowWidget*> others = allWindows();
+    std::erase(others, widget);
     QEventLoop loop;
-    const InputBarrier barrier(barred, *widget, [&] { loop.quit(); });
+    const InputBarrier barrier(others, *widget, [&] { loop.quit(); });
     widget->reveal();
     // A dialog over this window runs a loop inside this one: the window may be gone afterwards.
     loop.exec();

@@ -49,11 +49,12 @@ void paintWaiting() {
 
 bool enabled(WindowHandle handle) {
     const Windows& windows = world.windows;
-    const auto& owners = windows.modalOwners;
-    return std::none_of(owners.begin(), owners.end(),
-                        [&](const auto& entry) { return entry.second == handle; }) &&
-           std::find(windows.disabled.begin(), windows.disabled.end(), handle) ==
-               windows.disabled.end();
+    const auto listed = [handle](const std::vector<WindowHandle>& disabled) {
+        return std::find(disabled.begin(), disabled.end(), handle) != disabled.end();
+    };
+    return !listed(windows.disabled) &&
+           std::none_of(windows.disabledByModal.begin(), windows.disabledByModal.end(),
+                        [&](const auto& entry) { return listed(entry.second); });
 }
 
 Disabled::Disabled(const std::vector<WindowHandle>& windows)
@@ -84,7 +85,7 @@ void setVisible(WindowHandle handle, bool visible) {
     changed.paintWanted = visible;
     if (!visible) {
         std::erase(world.windows.order, handle);
-        world.windows.modalOwners.erase(handle);
+        world.windows.disabledByModal.erase(handle);
     }
     note((visible ? "show window " : "hide window ") + std::to_string(handle));
 }
@@ -150,17 +151,18 @@ void destroyWindow(WindowHandle window) {
         return entry.first == window || entry.second.parent == window;
     });
     std::erase(world.windows.order, window);
-    world.windows.modalOwners.erase(window);
+    world.windows.disabledByModal.erase(window);
     if (world.windows.captured == window) world.windows.captured = 0;
     if (world.windows.hovered == window) world.windows.hovered = 0;
 }
 
 void showWindow(WindowHandle window, bool visible) { simulated::setVisible(window, visible); }
 
-void showWindowModal(WindowHandle window, WindowHandle owner) {
-    existing(owner);
+void showWindowModal(WindowHandle window) {
     simulated::setVisible(window, true);
-    world.windows.modalOwners[window] = owner;
+    auto others = simulated::allWindows();
+    std::erase(others, window);
+    world.windows.disabledByModal[window] = others;
     simulated::run();
     simulated::runNextScript(world.windows.modalScripts);
     const auto closed = [&] {

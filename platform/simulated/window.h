@@ -50,7 +50,8 @@ struct Windows {
     WindowHandle hovered = 0;
     std::vector<PointerButton> held;
     std::vector<PointerButton> ignored; ///< held since a press that a disabled window ignored
-    std::map<WindowHandle, WindowHandle> modalOwners; ///< owners by the windows that disable them
+    /// The windows that each modal one keeps the user from.
+    std::map<WindowHandle, std::vector<WindowHandle>> disabledByModal;
     std::vector<WindowHandle> disabled; ///< by messages and dialogs, once for each of these
     std::vector<std::function<void()>> modalScripts;
 };

@@ -46,14 +46,16 @@ void takeTooltipsAway() {
 
 } // namespace
 
-void showWindowModal(WindowHandle window, WindowHandle owner) {
+void showWindowModal(WindowHandle window) {
     const WindowRecord record = findWindow(windowOf(window));
     if (record == nullptr) return;
     const KeyboardReturned keyboard;
-    record->ownerDisabled = std::make_shared<Disabled>(onlyWindow(windowOf(owner)));
+    std::vector<WindowRecord> others = windowTable();
+    std::erase(others, record);
+    record->othersDisabled = std::make_shared<Disabled>(std::move(others));
     showWindow(window, true);
     runWhileVisible(windowOf(window));
-    record->ownerDisabled.reset();
+    record->othersDisabled.reset();
 }
 
 std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items) {

@@ -81,7 +81,7 @@ WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
 }
 
 void destroyWindow(WindowHandle window) {
-    if (const WindowRecord record = findWindow(windowOf(window))) record->ownerDisabled.reset();
+    if (const WindowRecord record = findWindow(windowOf(window))) record->othersDisabled.reset();
     // Out of the table first: nothing that its end brings about is told any more.
     std::erase_if(windowTable(),
                   [&](const WindowRecord& record) { return record->window == windowOf(window); });
@@ -90,7 +90,7 @@ void destroyWindow(WindowHandle window) {
 
 void showWindow(WindowHandle window, bool visible) {
     if (visible) return reveal(windowOf(window));
-    if (const WindowRecord record = findWindow(windowOf(window))) record->ownerDisabled.reset();
+    if (const WindowRecord record = findWindow(windowOf(window))) record->othersDisabled.reset();
     ShowWindow(windowOf(window), SW_HIDE);
 }
 

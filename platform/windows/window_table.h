@@ -29,11 +29,11 @@ struct WindowState {
     WindowEvents events;
     Tooltip tooltip;
     std::vector<ButtonState> buttons;
-    int disabled = 0;                        ///< how many things keep the user from it
-    std::shared_ptr<Disabled> ownerDisabled; ///< while it is modal
-    bool pointerInside = false;              ///< its leaving will be told
-    int wheelRemainder = 0;                  ///< parts of a row, as the system counts the wheel
-    wchar_t firstHalf = 0;                   ///< of a character that is typed as two
+    int disabled = 0;                         ///< how many things keep the user from it
+    std::shared_ptr<Disabled> othersDisabled; ///< while it is modal
+    bool pointerInside = false;               ///< its leaving will be told
+    int wheelRemainder = 0;                   ///< parts of a row, as the system counts the wheel
+    wchar_t firstHalf = 0;                    ///< of a character that is typed as two
 };
 
 using WindowRecord = std::shared_ptr<WindowState>;

@@ -61,7 +61,7 @@ TEST_CASE("a modal window holds the call until it is hidden, and ticks go on") {
     const contract::Timer timer(20, [&] {
         if (++ticks >= 3) showWindow(window.handle, false);
     });
-    showWindowModal(window.handle, owner.handle);
+    showWindowModal(window.handle);
     CHECK(ticks >= 3);
 }
 
@@ -80,7 +80,7 @@ TEST_CASE("a modal window's call returns when the window is destroyed") {
         destroyWindow(box);
     });
     self = &timer;
-    showWindowModal(box, owner.handle);
+    showWindowModal(box);
     CHECK(ticks == 1);
 }
 

@@ -72,9 +72,9 @@ def dialog_over_the_about_box(world):
     escape(player, player.dialog(OPEN_TITLE))
     tray.choose(player, OPEN_FILE)
     dialog = player.dialog(OPEN_TITLE)
-    xdotool("windowfocus", "--sync", about.number, "key", "alt+c")
+    xdotool("windowmove", "--sync", dialog.number, 390, 530)  # below the other windows
+    click(about, CLOSE)
     wait_until_gone(player, about, "the about box to close")
-    xdotool("windowmove", "--sync", dialog.number, 390, 300)
     click(window, MINIMISE)
     wait_until_gone(player, window, "the main window to take a click beside the dialog")
     escape(player, dialog)

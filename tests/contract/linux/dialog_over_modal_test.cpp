@@ -102,7 +102,7 @@ TEST_CASE("a modal window may be destroyed while a dialog opened over it is up")
     const WindowHandle box = createBox();
     const DialogFromTheLoop dialog({[&] { destroyWindow(box); }, [] { contract::letPass(50); },
                                     [] { shownFileDialog()->reject(); }});
-    showWindowModal(box, owner.handle);
+    showWindowModal(box);
     CHECK(dialog.left());
 }
 
@@ -114,7 +114,7 @@ TEST_CASE("a dialog that comes up over a modal window takes keys") {
     const contract::Timer timer(50, [&] {
         if (dialog.closed()) showWindow(box, false);
     });
-    showWindowModal(box, owner.handle);
+    showWindowModal(box);
     destroyWindow(box);
     CHECK(dialog.left());
 }

@@ -114,7 +114,7 @@ TEST_CASE("a modal window keeps the pointer from its owner, and its close box is
     box = createWindow(options, std::move(events));
     {
         const Later later({"mousemove 230 170 click 1", "key alt+F4"});
-        showWindowModal(box, window.handle);
+        showWindowModal(box);
     }
     CHECK(closings == 1);
     CHECK(presses == 0);
