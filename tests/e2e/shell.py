@@ -427,4 +427,4 @@ def check_rows(player, window):
                    for row in range(3))
     wait_until(all_written, "text in all rows", player)
     click(window, PLAYLIST)
-    wait_for_only(player, before, "the playlist to hide")
+    wait_until_gone(player, playlist, "the playlist to hide")
