@@ -25,31 +25,35 @@ constexpr std::uint32_t NIF_MESSAGE = 1;
 constexpr std::uint32_t NIF_ICON = 2;
 constexpr std::uint32_t NIF_TIP = 4;
 
-/// Watches the whole program for the release of the right button.
+/// Watches the whole program for the release of the right button over the icon.
 class RightRelease : public QObject {
   public:
-    explicit RightRelease(std::function<void()> released) : released_(std::move(released)) {}
+    explicit RightRelease(std::function<void()> released) : released_(std::move(released)) {
+        qApp->installEventFilter(this);
+    }
 
     /// Reports the release of the button if it is down in a window of this program, as on an icon
     /// that is one; else the host has reported a whole click, and it is reported at once.
     void await() {
-        if ((QGuiApplication::mouseButtons() & Qt::RightButton) != 0)
-            qApp->installEventFilter(this);
-        else
-            released_();
+        awaited_ = (QGuiApplication::mouseButtons() & Qt::RightButton) != 0;
+        if (!awaited_) released_();
     }
 
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::MouseButtonRelease &&
-            static_cast<QMouseEvent*>(event)->button() == Qt::RightButton) {
-            qApp->removeEventFilter(this);
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool second = event->type() == QEvent::MouseButtonDblClick;
+        if (!second && event->type() != QEvent::MouseButtonRelease) return false;
+        if (static_cast<QMouseEvent*>(event)->button() != Qt::RightButton) return false;
+        // Qt doesn't tell of a press that follows another one in a hurry.
+        if (second)
+            awaited_ = awaited_ || watched->inherits("QSystemTrayIconSys");
+        else if (std::exchange(awaited_, false))
             released_();
-        }
         return false;
     }
 
   private:
     std::function<void()> released_;
+    bool awaited_ = false;
 };
 
 /// One icon in the tray. Its codes run from the event loop, as a handler may take the icon away.
