@@ -1,10 +1,10 @@
 """The about box among the other windows: its place, what stays within reach, and dialogs over it."""
 
-from menus import ABOUT, EXIT, MAXIMIZED, OPEN_FILE, numbers
+from menus import ABOUT, MAXIMIZED, OPEN_FILE, numbers
 from scenario import scenario
 from sessions import click, xdotool
-from shell import (ABOUT_TITLE, CLOSE, MINIMISE, OPEN_TITLE, Tray, about_of, escape, quit_player,
-                   start_with, wait_until_gone)
+from shell import (ABOUT_TITLE, MINIMISE, OPEN_TITLE, Tray, about_of, close_about, escape,
+                   quit_player, start_with, wait_until_gone)
 from world import check, output_of, wait_until
 
 
@@ -40,8 +40,7 @@ def place_of_the_about_box(world):
     check(about.top - top > 10, "it has no title bar")
     check(abs(left + right - 1024) <= 2 and abs(top + bottom - 768) <= 2,
           f"its frame is at {left}, {top}, {right}, {bottom}")
-    click(about, CLOSE)
-    wait_until_gone(player, about, "the about box to close")
+    close_about(player, about)
     quit_player(player, window)
 
 
@@ -57,10 +56,8 @@ def tray_beside_the_about_box(world):
     click(again, MINIMISE)
     tray.choose(player, MAXIMIZED)
     check(again.number in numbers(player), "the main window took a click")
-    click(about, CLOSE)
-    wait_until_gone(player, about, "the about box to close")
-    tray.choose(player, EXIT)
-    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+    close_about(player, about)
+    tray.quit_player(player)
 
 
 @scenario("a dialog over the about box takes keys, and outlives the box")
@@ -73,8 +70,7 @@ def dialog_over_the_about_box(world):
     tray.choose(player, OPEN_FILE)
     dialog = player.dialog(OPEN_TITLE)
     xdotool("windowmove", "--sync", dialog.number, 390, 530)  # below the other windows
-    click(about, CLOSE)
-    wait_until_gone(player, about, "the about box to close")
+    close_about(player, about)
     click(window, MINIMISE)
     wait_until_gone(player, window, "the main window to take a click beside the dialog")
     escape(player, dialog)

@@ -215,6 +215,10 @@ class Tray:
         else:
             menu.point_at(entry)
 
+    def quit_player(self, player):
+        self.choose(player, EXIT)
+        check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+
 
 @scenario("a double click on the tray icon brings the hidden window back, a single one does not")
 def restores_from_the_tray(world):
@@ -253,10 +257,8 @@ def tray_menu(world):
     wait_until(lambda: ear.next(1.0).seconds() == 0.0, "silence", player)
     tray.choose(player, ABOUT)
     about = about_of(player)
-    click(about, CLOSE)
-    wait_until_gone(player, about, "the about box to close")
-    tray.choose(player, EXIT)
-    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+    close_about(player, about)
+    tray.quit_player(player)
     check(saved_list(world) == list_field(world, tones), f"saved {world.saved()!r}")
 
 
@@ -277,6 +279,11 @@ def about_of(player):
     box.left, box.top = box.left + left, box.top + top
     box.size = (box.size[0] - left - right, box.size[1] - top - bottom)
     return box
+
+
+def close_about(player, about):
+    click(about, CLOSE)
+    wait_until_gone(player, about, "the about box to close")
 
 
 def is_blue(colour):
@@ -338,8 +345,7 @@ def about_box(world):
     xdotool("windowfocus", "--sync", about.number, "key", "alt+F4")
     wait_until_gone(player, about, "the close box to close it")
     check(player.alive(), "the player ended with the about box")
-    tray.choose(player, EXIT)
-    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+    tray.quit_player(player)
 
 
 @scenario("asked to end while the about box is open, the player saves and ends")
