@@ -227,12 +227,12 @@ TEST_CASE("no window but the about box takes input while it is open") {
     player.addTracks({"C:\\a.mp3", "C:\\b.mp3"});
     player.frmPlaylist().window.Show();
     showAbout(player, [&] {
-        simulated::click(player.mainWindow(), 230, 28);
-        simulated::click(player.playlistWindow(), 50, 40);
+        player.click(player.frmPlayer().lblRepeat);
+        player.click(player.list());
     });
     CHECK(player.frmPlayer().repeatOn == runtime::False16);
     CHECK(player.list().ListIndex() == -1);
-    simulated::click(player.mainWindow(), 230, 28);
+    player.click(player.frmPlayer().lblRepeat);
     CHECK(player.frmPlayer().repeatOn == runtime::True16);
 }
 

@@ -44,6 +44,16 @@ void walk(Player& player, const std::string& folder) {
     player.frmPlayer().opendir();
 }
 
+/// Fills the list up to 32766 tracks: a folder, over and over.
+void fillTo32766(Player& player) {
+    for (int i = 0; i < 127; ++i)
+        world.files.addFile("C:\\Many\\" + std::to_string(i) + ".mp3");
+    for (int i = 0; i < 258; ++i)
+        walk(player, "C:\\Many");
+    REQUIRE(player.frmPlayer().trackCount == 32766);
+    REQUIRE(player.list().ListCount() == 32766);
+}
+
 } // namespace
 
 TEST_CASE("files are picked from audio files, several at once, in the folder of the last ones") {
@@ -262,15 +272,23 @@ TEST_CASE("the list may change while the open dialog is up") {
 TEST_CASE("files can be added past the 16384th track, and the 32768th is the fatal end") {
     Player player;
     player.start();
-    for (int i = 0; i < 32766; ++i)
-        player.list().AddItem("x.mp3");
-    player.frmPlayer().trackPaths.resizeKeeping(32765);
-    player.frmPlayer().trackCount = 32766;
+    fillTo32766(player);
     pick(player, {A});
     CHECK(player.frmPlayer().trackCount == 32767);
+    CHECK(player.list().ListIndex() == 32766);
     CHECK(world.media.openPath() == A);
     world.dialogs.pickFiles({B});
     CHECK(fatalMessageOf([&] { player.frmPlayer().openfiles(); }) == "Run-time error 6: Overflow");
+    CHECK(player.frmPlayer().trackCount == 32767);
+}
+
+TEST_CASE("the 32768th track among several files picked is the fatal end") {
+    Player player;
+    player.start();
+    fillTo32766(player);
+    world.dialogs.pickFiles({A, B});
+    CHECK(fatalMessageOf([&] { player.frmPlayer().openfiles(); }) == "Run-time error 6: Overflow");
+    CHECK(player.frmPlayer().trackCount == 32767);
 }
 
 TEST_CASE("a folder is added breadth first: its files, its children's, then its grandchildren's") {
@@ -446,14 +464,12 @@ TEST_CASE("no tick runs while a folder is walked") {
 TEST_CASE("the 32768th track of a folder walk is the fatal end") {
     Player player;
     player.start();
-    for (int i = 0; i < 32766; ++i)
-        player.list().AddItem("x.mp3");
-    player.frmPlayer().trackPaths.resizeKeeping(32765);
-    player.frmPlayer().trackCount = 32766;
+    fillTo32766(player);
     world.files.addFile(A);
     world.files.addFile(B);
     world.dialogs.pickFolder("C:\\Music");
     CHECK(fatalMessageOf([&] { player.frmPlayer().opendir(); }) == "Run-time error 6: Overflow");
+    CHECK(player.frmPlayer().trackCount == 32767);
 }
 
 TEST_CASE("the 32768th folder of a walk is the fatal end, and adds nothing") {

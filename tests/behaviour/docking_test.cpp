@@ -277,7 +277,7 @@ TEST_CASE("a click on the playlist without a move keeps it docked") {
 
 TEST_CASE("the playlist docks to a main window that is hidden") {
     WindowPair windows({300, 300}, {600, 600});
-    simulated::click(windows.player.mainWindow(), 251, 8);
+    windows.player.click(windows.player.frmPlayer().pctminimise);
     REQUIRE_FALSE(simulated::window(windows.player.mainWindow()).visible);
     windows.dragList(310, 390);
     CHECK(windows.list() == Point{300, 382});
@@ -286,7 +286,7 @@ TEST_CASE("the playlist docks to a main window that is hidden") {
 
 TEST_CASE("a pair stays docked while the main window is away") {
     WindowPair windows({300, 300}, {300, 382});
-    simulated::click(windows.player.mainWindow(), 251, 8);
+    windows.player.click(windows.player.frmPlayer().pctminimise);
     CHECK(windows.isOpen());
     CHECK(windows.stacked());
     world.tray.doubleClick();
@@ -297,7 +297,7 @@ TEST_CASE("a pair stays docked while the main window is away") {
 
 TEST_CASE("a main window that comes back stands alone where it stood") {
     WindowPair windows({300, 300}, {300, 382});
-    simulated::click(windows.player.mainWindow(), 251, 8);
+    windows.player.click(windows.player.frmPlayer().pctminimise);
     windows.dragList(600, 600);
     world.tray.doubleClick();
     CHECK(windows.main() == Point{300, 300});
@@ -357,11 +357,11 @@ TEST_CASE("the playlist key shows the list and shows that it is open") {
 TEST_CASE("the list opens and closes at the press already") {
     WindowPair windows({300, 300}, {600, 600});
     windows.closeByKey();
-    simulated::pressAt(windows.player.mainWindow(), 255, 55);
+    windows.player.press(windows.player.frmPlayer().pctplaylist);
     CHECK(windows.isOpen());
     simulated::release();
     CHECK(windows.isOpen());
-    simulated::pressAt(windows.player.mainWindow(), 255, 55);
+    windows.player.press(windows.player.frmPlayer().pctplaylistdown);
     CHECK_FALSE(windows.isOpen());
     simulated::release();
     CHECK_FALSE(windows.isOpen());
@@ -407,7 +407,7 @@ TEST_CASE("the main window's key and the list's own cross undock") {
     CHECK(windows.free());
     windows.open();
     CHECK(windows.stacked());
-    simulated::pressAt(windows.player.playlistWindow(), 268, 8);
+    windows.player.press(windows.player.frmPlaylist().pctPlaylistQuit);
     CHECK(windows.player.frmPlaylist().pctPlaylistQuitDown.Visible());
     CHECK(windows.isOpen());
     CHECK(windows.stacked());
@@ -421,11 +421,10 @@ TEST_CASE("the main window's key and the list's own cross undock") {
 
 TEST_CASE("the list's own minimise key keeps the flags") {
     WindowPair windows({300, 300}, {300, 382});
-    simulated::pressAt(windows.player.playlistWindow(), 251, 8);
+    windows.player.press(windows.player.frmPlaylist().pctPlaylistMini);
     CHECK(windows.player.frmPlaylist().pctPlaylistMiniDown.Visible());
     CHECK(windows.isOpen());
-    simulated::moveToScreen(900, 700);
-    simulated::release();
+    behaviour::releaseFarAway();
     CHECK_FALSE(windows.player.frmPlaylist().pctPlaylistMiniDown.Visible());
     CHECK_FALSE(windows.isOpen());
     CHECK(windows.stacked());
@@ -455,7 +454,7 @@ TEST_CASE("minimised, the list stays behind and comes back free where it was") {
 
 TEST_CASE("minimising the main window leaves the list's key as it is") {
     WindowPair windows({300, 300}, {300, 382});
-    simulated::click(windows.player.mainWindow(), 251, 8);
+    windows.player.click(windows.player.frmPlayer().pctminimise);
     CHECK(windows.isOpen());
     CHECK_FALSE(windows.player.frmPlayer().pctplaylist.Visible());
     CHECK(windows.player.frmPlayer().pctplaylistdown.Visible());
@@ -484,7 +483,7 @@ TEST_CASE("saved flags rest until the list is opened, when contact decides") {
                         "3*0*0**4500*4500*0*0**-1*0*9000*9000*\r\n");
     player.start();
     CHECK(player.frmPlaylist().playlistdockX == -1);
-    simulated::click(player.mainWindow(), 255, 55);
+    player.click(player.frmPlayer().pctplaylist);
     CHECK(player.frmPlaylist().playlistdockX == 0);
     CHECK(player.frmPlaylist().playlistdockY == 0);
 }

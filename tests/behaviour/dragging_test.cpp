@@ -1,3 +1,4 @@
+#include "tests/behaviour/strip_rows.h"
 #include "tests/behaviour/window_pair.h"
 
 using behaviour::Player;
@@ -5,6 +6,7 @@ using behaviour::Point;
 using behaviour::WindowPair;
 using simulated::PointerButton;
 using simulated::world;
+namespace strip = behaviour::strip;
 
 namespace {
 
@@ -15,6 +17,9 @@ struct MainWindow : WindowPair {
         closeByKey();
     }
 };
+
+/// A bare row of the main window, below its keys.
+constexpr int bareRow = 70;
 
 /// A bare column of both windows in this row; the corners are round.
 int bareColumn(int row) { return row == 0 || row > 75 ? 30 : 4; }
@@ -34,11 +39,12 @@ bool rowDrags(MainWindow& window, int row) {
 
 TEST_CASE("the rows of the seek bar don't drag the window, all others do") {
     MainWindow window({300, 300});
-    for (const int row : {0, 33, 41, 81}) {
+    for (const int row : {0, strip::RowAbove, strip::RowBelow, 81}) {
         CAPTURE(row);
         CHECK(rowDrags(window, row));
     }
-    for (const int row : {34, 35, 39, 40}) {
+    for (const int row :
+         {strip::FirstRow, strip::FirstRow + 1, strip::LastRow - 1, strip::LastRow}) {
         CAPTURE(row);
         CHECK_FALSE(rowDrags(window, row));
     }
@@ -49,10 +55,10 @@ TEST_CASE("the rows of the seek bar don't drag while something plays either") {
     window.player.addTracks({"C:\\Music\\a.mp3"});
     window.player.list().ListIndex(0);
     window.player.frmPlayer().startfile();
-    CHECK(rowDrags(window, 33));
-    CHECK_FALSE(rowDrags(window, 34));
-    CHECK_FALSE(rowDrags(window, 40));
-    CHECK(rowDrags(window, 41));
+    CHECK(rowDrags(window, strip::RowAbove));
+    CHECK_FALSE(rowDrags(window, strip::FirstRow));
+    CHECK_FALSE(rowDrags(window, strip::LastRow));
+    CHECK(rowDrags(window, strip::RowBelow));
 }
 
 TEST_CASE("every button drags") {
@@ -68,8 +74,11 @@ TEST_CASE("every button drags") {
 
 TEST_CASE("a press on a key or a label drags nothing") {
     MainWindow window({300, 300});
-    for (const Point place : {Point{130, 20}, Point{85, 52}, Point{20, 20}}) {
-        simulated::pressAt(window.player.mainWindow(), place.x, place.y);
+    FrmPlayer& form = window.player.frmPlayer();
+    const toolkit::Control* const controls[] = {&form.lblTimenow, &form.pctPlay, &form.lblshowtime};
+    for (const toolkit::Control* control : controls) {
+        CAPTURE(control->name());
+        window.player.press(*control);
         simulated::moveToScreen(700, 500);
         simulated::release();
         CHECK(window.main() == Point{300, 300});
@@ -165,8 +174,8 @@ TEST_CASE("a pointer that crosses the window without a button changes nothing") 
     MainWindow window({300, 300});
     window.dragMain(310, 310);
     const Point asked = window.player.program().dragCursorNow;
-    simulated::moveTo(window.player.mainWindow(), 50, 70);
-    simulated::moveTo(window.player.mainWindow(), 150, 6);
+    simulated::moveTo(window.player.mainWindow(), WindowPair::gripX - 50, bareRow);
+    simulated::moveTo(window.player.mainWindow(), WindowPair::gripX + 50, WindowPair::gripY);
     CHECK(window.main() == Point{310, 310});
     CHECK(window.player.program().dragCursorNow == asked);
 }
@@ -302,8 +311,8 @@ TEST_CASE("the playlist drags by any bare row and with any button") {
 TEST_CASE("a pointer that crosses the playlist without a button changes nothing") {
     WindowPair windows({600, 600}, {300, 100});
     windows.player.frmPlaylist().playlistdockX = runtime::True16;
-    simulated::moveTo(windows.player.playlistWindow(), 100, 6);
-    simulated::moveTo(windows.player.playlistWindow(), 120, 6);
+    simulated::moveTo(windows.player.playlistWindow(), WindowPair::gripX, WindowPair::gripY);
+    simulated::moveTo(windows.player.playlistWindow(), WindowPair::gripX + 20, WindowPair::gripY);
     CHECK(windows.list() == Point{300, 100});
     CHECK(windows.stacked());
 }

@@ -1,20 +1,11 @@
 #include "tests/behaviour/ticks.h"
 
 using namespace behaviour;
-using runtime::Fixed;
 using simulated::world;
 
 namespace {
 
 using Commands = std::vector<std::string>;
-
-/// Sets the alarm for now: it stays due for some seconds.
-void armAlarmForNow(Player& player) {
-    simulated::setTimeOfDay(7, 30, 0);
-    player.frmPlayer().alarmTime = Fixed(7.5 / 24);
-}
-
-bool alarmIsArmed(Player& player) { return player.frmPlayer().alarmTime >= 0; }
 
 } // namespace
 
@@ -176,8 +167,7 @@ TEST_CASE("at the end of a track the selection counts, not the track that sounde
 TEST_CASE("a track that ends over an emptied list stops without repeat") {
     Player player;
     playShortTracks(player, 0);
-    player.list().Clear();
-    player.frmPlayer().trackCount = 0;
+    player.frmPlayer().clearall();
     simulated::advance(3 * tick);
     CHECK(player.status() == "Idle");
     CHECK_FALSE(world.media.open());
@@ -187,8 +177,7 @@ TEST_CASE("a track that ends over an emptied list with repeat ends anew at each 
     Player player;
     playShortTracks(player, 0);
     player.frmPlayer().repeatOn = runtime::True16;
-    player.list().Clear();
-    player.frmPlayer().trackCount = 0;
+    player.frmPlayer().clearall();
     simulated::advance(2 * tick);
     for (int i = 0; i < 3; ++i) {
         player.frmPlayer().pctprogressbar.Left(1000);
@@ -220,54 +209,4 @@ TEST_CASE("a whole list plays through, one entry after the other, and stops") {
     }
     CHECK(opened == std::vector<std::string>{A, B, C});
     CHECK(player.status() == "Idle");
-}
-
-TEST_CASE("the alarm is tested while idle and while paused") {
-    Player idle;
-    idle.start();
-    idle.addTracks({A});
-    idle.list().ListIndex(0);
-    idle.frmPlayer().Timer1.Enabled(true);
-    simulated::advance(10 * tick);
-    armAlarmForNow(idle);
-    simulated::advance(tick);
-    CHECK(idle.status() == "Playing");
-    CHECK_FALSE(alarmIsArmed(idle));
-
-    Player paused;
-    playOne(paused, 200'000);
-    simulated::advance(tick);
-    pauseByKey(paused);
-    armAlarmForNow(paused);
-    simulated::advance(tick);
-    CHECK(paused.status() == "Playing");
-    CHECK_FALSE(alarmIsArmed(paused));
-}
-
-TEST_CASE("the alarm waits out the tick that stops the last track") {
-    Player player;
-    playShortTracks(player, 2);
-    simulated::advance(2 * tick);
-    armAlarmForNow(player);
-    simulated::advance(tick);
-    CHECK(player.status() == "Idle");
-    CHECK(alarmIsArmed(player));
-    simulated::advance(tick);
-    CHECK(player.status() == "Playing");
-    CHECK_FALSE(alarmIsArmed(player));
-}
-
-TEST_CASE("the alarm goes off in the tick that moves on to the next track, behind it") {
-    Player player;
-    playShortTracks(player, 0);
-    simulated::advance(2 * tick);
-    armAlarmForNow(player);
-    world.media.forgetCommands();
-    simulated::advance(tick);
-    CHECK_FALSE(alarmIsArmed(player));
-    int opens = 0;
-    for (const std::string& command : commandsSent())
-        opens += command.starts_with("open ") ? 1 : 0;
-    CHECK(opens == 2);
-    CHECK(world.media.openPath() == B);
 }

@@ -70,13 +70,13 @@ TEST_CASE("the folder dialog keeps the main window from clicks and leaves the pl
     player.addTracks({"C:\\a.mp3", "C:\\b.mp3"});
     player.frmPlaylist().window.Show();
     world.dialogs.cancelFolder([&] {
-        simulated::click(player.mainWindow(), 230, 28);
-        simulated::click(player.playlistWindow(), 50, 40);
+        player.click(player.frmPlayer().lblRepeat);
+        player.click(player.list());
     });
     player.frmPlayer().opendir();
     CHECK(player.frmPlayer().repeatOn == runtime::False16);
     CHECK(player.list().ListIndex() == 1);
-    simulated::click(player.mainWindow(), 230, 28);
+    player.click(player.frmPlayer().lblRepeat);
     CHECK(player.frmPlayer().repeatOn == runtime::True16);
 }
 

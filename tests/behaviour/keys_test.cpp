@@ -1,16 +1,13 @@
-#include "tests/behaviour/hands.h"
+#include "tests/behaviour/player.h"
 
 #include <algorithm>
 #include <functional>
 
-using behaviour::clickOn;
 using behaviour::commandsSent;
 using behaviour::endsTheProcess;
-using behaviour::hoverOver;
 using behaviour::Player;
-using behaviour::pressOn;
+using behaviour::PointerButton;
 using behaviour::tooltipOf;
-using platform::PointerButton;
 using simulated::world;
 
 namespace {
@@ -38,6 +35,8 @@ const Key keys[] = {
     {"quit", &FrmPlayer::pctquit, &FrmPlayer::pctquitdown, UpImage::Covered, "tray"},
 };
 
+using Commands = std::vector<std::string>;
+
 void playTwo(Player& player) { player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"}); }
 
 /// Whether a note was made since the last look that starts so.
@@ -62,7 +61,7 @@ TEST_CASE("a press shows a key sunk, its release springs it back, and only then 
         REQUIRE(atRest(form, key));
         simulated::clearLog();
 
-        pressOn(player.mainWindow(), form.*key.up);
+        player.press(form.*key.up);
         CHECK((form.*key.down).Visible());
         CHECK((form.*key.up).Visible() == (key.held == UpImage::Covered));
         CHECK_FALSE(happened(key.sets_off));
@@ -88,7 +87,7 @@ TEST_CASE("a key released far outside the window acts all the same") {
         Player player;
         playTwo(player);
         FrmPlayer& form = player.frmPlayer();
-        pressOn(player.mainWindow(), form.*key.up);
+        player.press(form.*key.up);
         simulated::moveToScreen(2, 700);
         CHECK((form.*key.down).Visible());
         simulated::clearLog();
@@ -105,7 +104,7 @@ TEST_CASE("the right and the middle button press a key as the left one does") {
             Player player;
             playTwo(player);
             FrmPlayer& form = player.frmPlayer();
-            pressOn(player.mainWindow(), form.*key.up, button);
+            player.press(form.*key.up, button);
             CHECK((form.*key.down).Visible());
             simulated::clearLog();
             endsTheProcess([&] { simulated::release(button); });
@@ -118,24 +117,23 @@ TEST_CASE("each key does what its name says") {
     Player player;
     player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3", "C:\\Music\\c.mp3"});
     FrmPlayer& form = player.frmPlayer();
-    const auto window = player.mainWindow();
-    clickOn(window, form.pctnext, PointerButton::Right);
+    player.click(form.pctnext, PointerButton::Right);
     CHECK(world.media.openPath() == "C:\\Music\\b.mp3");
-    clickOn(window, form.pctprev);
+    player.click(form.pctprev);
     CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
     player.list().ListIndex(2);
-    clickOn(window, form.pctPlay);
+    player.click(form.pctPlay);
     CHECK(world.media.openPath() == "C:\\Music\\c.mp3");
-    clickOn(window, form.pctstop);
+    player.click(form.pctstop);
     CHECK_FALSE(world.media.open());
     CHECK_FALSE(form.lblTimenow.Visible());
     CHECK_FALSE(form.pctprogressbar.Visible());
-    clickOn(window, form.pctminimise);
+    player.click(form.pctminimise);
     CHECK_FALSE(form.window.Visible());
     CHECK(form.Timer1.Enabled());
     simulated::world.tray.doubleClick();
     CHECK(form.window.Visible());
-    CHECK(endsTheProcess([&] { clickOn(window, form.pctquit); }));
+    CHECK(endsTheProcess([&] { player.click(form.pctquit); }));
 }
 
 TEST_CASE("keys at rest show no tooltip and held ones do") {
@@ -154,13 +152,13 @@ TEST_CASE("keys at rest show no tooltip and held ones do") {
         playTwo(player);
         FrmPlayer& form = player.frmPlayer();
         const auto window = player.mainWindow();
-        hoverOver(window, form.*row.up);
+        player.hover(form.*row.up);
         CHECK(tooltipOf(window).empty());
-        pressOn(window, form.*row.up);
+        player.press(form.*row.up);
         CHECK(tooltipOf(window) == row.text);
-        simulated::moveTo(window, 100, 25);
+        player.hover(form.lblTimenow);
         CHECK(tooltipOf(window).empty());
-        hoverOver(window, form.*row.up);
+        player.moveFrom(form.*row.up, 0);
         CHECK(tooltipOf(window) == row.text);
         simulated::release();
         CHECK(tooltipOf(window).empty());
@@ -174,18 +172,18 @@ TEST_CASE("the three latched keys show their tooltips while they are down") {
     const auto window = player.mainWindow();
     for (const KeyImage key :
          {&FrmPlayer::pctpause, &FrmPlayer::pctalarm, &FrmPlayer::pctplaylist}) {
-        hoverOver(window, form.*key);
+        player.hover(form.*key);
         CHECK(tooltipOf(window).empty());
     }
-    clickOn(window, form.pctpause);
+    player.click(form.pctpause);
     CHECK(tooltipOf(window) == "Pause");
-    clickOn(window, form.pctalarm);
+    player.click(form.pctalarm);
     CHECK(tooltipOf(window) == "Alarm");
-    clickOn(window, form.pctplaylist);
+    player.click(form.pctplaylist);
     CHECK(tooltipOf(window) == "Playlist");
-    hoverOver(window, form.pctpausedown);
+    player.hover(form.pctpausedown);
     CHECK(tooltipOf(window) == "Pause");
-    clickOn(window, form.pctpausedown);
+    player.click(form.pctpausedown);
     CHECK(tooltipOf(window).empty());
 }
 
@@ -193,97 +191,110 @@ TEST_CASE("the playlist key latches: each press turns the playlist window on or 
     Player player;
     player.start();
     FrmPlayer& form = player.frmPlayer();
-    pressOn(player.mainWindow(), form.pctplaylist);
+    player.press(form.pctplaylist);
     CHECK_FALSE(form.pctplaylist.Visible());
     CHECK(form.pctplaylistdown.Visible());
     CHECK(player.frmPlaylist().window.Visible());
     simulated::release();
     CHECK(form.pctplaylistdown.Visible());
-    pressOn(player.mainWindow(), form.pctplaylistdown, PointerButton::Right);
+    player.press(form.pctplaylistdown, PointerButton::Right);
     CHECK(form.pctplaylist.Visible());
     CHECK_FALSE(form.pctplaylistdown.Visible());
     CHECK_FALSE(player.frmPlaylist().window.Visible());
     simulated::release(PointerButton::Right);
 }
 
-TEST_CASE("a click on the time flips it at the next tick and not before") {
+TEST_CASE("the pause key acts at the press and latches over its up image") {
     Player player;
-    playTwo(player);
+    player.play({"C:\\Music\\a.mp3"});
     FrmPlayer& form = player.frmPlayer();
     simulated::advance(966);
-    const std::string remaining = form.lblTimenow.Caption();
-    CHECK(remaining == "-03:19");
-    clickOn(player.mainWindow(), form.lblTimenow);
-    CHECK(form.showElapsed == runtime::True16);
-    simulated::advance(965);
-    CHECK(form.lblTimenow.Caption() == remaining);
-    simulated::advance(1);
-    CHECK(form.lblTimenow.Caption() == "00:02");
-    clickOn(player.mainWindow(), form.lblTimenow, PointerButton::Right);
-    CHECK(form.showElapsed == runtime::False16);
-    CHECK(form.lblTimenow.Caption() == "00:02");
+    world.media.forgetCommands();
+    bool sunkThen = false;
+    std::string captionThen;
+    world.watch = [&](const std::string& note) {
+        if (note != "send Pause mpeg") return;
+        sunkThen = form.pctpausedown.shown();
+        captionThen = player.frmPlaylist().lblPlaying.Caption();
+    };
+    player.press(form.pctpause);
+    world.watch = nullptr;
+    CHECK(sunkThen);
+    CHECK(captionThen == "Playing");
+    CHECK(commandsSent() == Commands{"Pause mpeg"});
+    CHECK(player.status() == "Paused");
+    CHECK(form.pctpause.Visible());
+    CHECK(form.pctpausedown.Visible());
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
+    // The release adds nothing: the press took place on the up image.
+    simulated::release();
+    CHECK(commandsSent().empty());
+    CHECK(form.pctpausedown.Visible());
+}
+
+TEST_CASE("a press on the sunk pause key plays on and then lifts the key") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    FrmPlayer& form = player.frmPlayer();
     simulated::advance(966);
-    CHECK(form.lblTimenow.Caption() == "-03:17");
+    player.click(form.pctpause, PointerButton::Right);
+    world.media.forgetCommands();
+    bool sunkThen = false;
+    world.watch = [&](const std::string& note) {
+        if (note == "send Resume mpeg") sunkThen = form.pctpausedown.shown();
+    };
+    player.press(form.pctpausedown);
+    world.watch = nullptr;
+    CHECK(sunkThen);
+    CHECK(commandsSent() == Commands{"Resume mpeg"});
+    CHECK(player.status() == "Playing");
+    CHECK_FALSE(form.pctpausedown.Visible());
+    // The caption waits for the tick.
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
+    simulated::release();
+    simulated::advance(966);
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Playing");
 }
 
-TEST_CASE("a press on the time that slides off it is no click") {
+TEST_CASE("a press on pause while nothing plays shows and changes nothing") {
     Player player;
     player.start();
     FrmPlayer& form = player.frmPlayer();
-    pressOn(player.mainWindow(), form.lblTimenow);
-    simulated::releaseAt(player.mainWindow(), 100, 40);
-    CHECK(form.showElapsed == runtime::False16);
+    player.press(form.pctpause);
+    CHECK_FALSE(form.pctpausedown.Visible());
+    CHECK(form.pctpause.Visible());
+    simulated::release();
+    CHECK(commandsSent().empty());
+    CHECK(player.frmPlaylist().lblPlaying.Caption().empty());
 }
 
-TEST_CASE("any value but true becomes elapsed time at a click") {
+TEST_CASE("a pause that the device refuses leaves the key down and the player playing") {
     Player player;
-    player.start();
-    player.frmPlayer().showElapsed = 7;
-    clickOn(player.mainWindow(), player.frmPlayer().lblTimenow);
-    CHECK(player.frmPlayer().showElapsed == runtime::True16);
+    player.play({"C:\\Music\\a.mp3"});
+    world.media.fail("Pause");
+    player.click(player.frmPlayer().pctpause);
+    CHECK(player.status() == "Playing");
+    CHECK(player.frmPlayer().pctpausedown.Visible());
+    CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
 }
 
-TEST_CASE("the labels have their texts, fonts and colours") {
-    struct Row {
-        toolkit::Label FrmPlayer::*label;
-        const char* caption;
-        platform::Font font;
-    };
-    const platform::Font large{"MS Sans Serif", 12, false, false};
-    const platform::Font medium{"MS Sans Serif", 9.75, false, false};
-    const platform::Font tiny{"Terminal", 6, true, true};
-    const Row rows[] = {
-        {&FrmPlayer::lblshowtime, "Timer off", large},
-        {&FrmPlayer::lblTimenow, "", large},
-        {&FrmPlayer::lblTimer, "", large},
-        {&FrmPlayer::lblHr, "Hour", medium},
-        {&FrmPlayer::lblMin, "Minute", medium},
-        {&FrmPlayer::cmdSet, "Set", medium},
-        {&FrmPlayer::lblRepeat, "Repeat", tiny},
-        {&FrmPlayer::lblShuffle, "Shuffle", tiny},
-    };
+TEST_CASE("a sunk pause key without a pause stays down when it is pressed") {
     Player player;
-    player.start();
-    FrmPlayer& form = player.frmPlayer();
-    for (const Row& row : rows) {
-        toolkit::Label& label = form.*row.label;
-        CAPTURE(label.name());
-        CHECK(label.Caption() == row.caption);
-        CHECK(label.ForeColor() == 65535);
-        label.Visible(true);
-        label.Caption("shown");
-        world.text.drawn.clear();
-        const platform::Picture face = simulated::picture(player.mainWindow());
-        const auto drawn =
-            std::find_if(world.text.drawn.begin(), world.text.drawn.end(), [&](const auto& text) {
-                return text.text == "shown" && text.clip.left == label.area().left &&
-                       text.clip.top == label.area().top;
-            });
-        REQUIRE(drawn != world.text.drawn.end());
-        CHECK(drawn->font == row.font);
-        CHECK(drawn->colour == 0xFFFFFF00U);
-        // The box is opaque: its last pixel is black.
-        CHECK(face.row(label.area().bottom - 1)[label.area().right - 1] == 0xFF000000U);
-        label.Caption("");
-    }
+    player.play({"C:\\Music\\a.mp3"});
+    player.click(player.frmPlayer().pctpause);
+    // The playlist window's stop ends the pause but leaves this key.
+    player.frmPlaylist().pctPlsStop_MouseUp();
+    REQUIRE(player.status() == "Idle");
+    world.media.forgetCommands();
+    player.click(player.frmPlayer().pctpausedown);
+    CHECK(commandsSent().empty());
+    CHECK(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("a second press on the pause key while paused never reaches its up image") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    player.doubleClick(player.frmPlayer().pctpause);
+    CHECK(player.status() == "Playing");
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
 }

@@ -1,6 +1,9 @@
 #include "tests/behaviour/player.h"
 
+#include <algorithm>
+
 using behaviour::Player;
+using simulated::world;
 
 namespace {
 
@@ -114,4 +117,49 @@ TEST_CASE("every control of the main window has its place, over and under the ri
 TEST_CASE("every control of the playlist has its place, over and under the right ones") {
     Player player;
     checkRows(player.frmPlaylist().window.controls(), playlistWindow);
+}
+
+TEST_CASE("the labels have their texts, fonts and colours") {
+    struct Row {
+        toolkit::Label FrmPlayer::*label;
+        const char* caption;
+        platform::Font font;
+    };
+    const platform::Font large{"MS Sans Serif", 12, false, false};
+    const platform::Font medium{"MS Sans Serif", 9.75, false, false};
+    const platform::Font tiny{"Terminal", 6, true, true};
+    const Row rows[] = {
+        {&FrmPlayer::lblshowtime, "Timer off", large},
+        {&FrmPlayer::lblTimenow, "", large},
+        {&FrmPlayer::lblTimer, "", large},
+        {&FrmPlayer::lblHr, "Hour", medium},
+        {&FrmPlayer::lblMin, "Minute", medium},
+        {&FrmPlayer::cmdSet, "Set", medium},
+        {&FrmPlayer::lblRepeat, "Repeat", tiny},
+        {&FrmPlayer::lblShuffle, "Shuffle", tiny},
+    };
+    Player player;
+    player.start();
+    FrmPlayer& form = player.frmPlayer();
+    for (const Row& row : rows) {
+        toolkit::Label& label = form.*row.label;
+        CAPTURE(label.name());
+        CHECK(label.Caption() == row.caption);
+        CHECK(label.ForeColor() == 65535);
+        label.Visible(true);
+        label.Caption("shown");
+        world.text.drawn.clear();
+        const platform::Picture face = simulated::picture(player.mainWindow());
+        const auto drawn =
+            std::find_if(world.text.drawn.begin(), world.text.drawn.end(), [&](const auto& text) {
+                return text.text == "shown" && text.clip.left == label.area().left &&
+                       text.clip.top == label.area().top;
+            });
+        REQUIRE(drawn != world.text.drawn.end());
+        CHECK(drawn->font == row.font);
+        CHECK(drawn->colour == 0xFFFFFF00U);
+        // The box is opaque: its last pixel is black.
+        CHECK(face.row(label.area().bottom - 1)[label.area().right - 1] == 0xFF000000U);
+        label.Caption("");
+    }
 }

@@ -13,6 +13,13 @@ using simulated::world;
 
 namespace {
 
+/// A column of the list and where its rows are, in pixels of the window.
+constexpr int column = 50;
+constexpr int firstRow = 24;
+constexpr int rowHeight = 13;
+constexpr int middleOfRow(int row) { return firstRow + rowHeight * row + rowHeight / 2; }
+constexpr int lastPixelOfList = firstRow + 40;
+
 /// A window with a list box at 8, 24, of 265 x 41 pixels: rows of 13 pixels at 24, 37 and 50.
 struct Scene {
     explicit Scene(std::initializer_list<const char*> texts = {"Alpha", "beta", "Berta", "Émile",
@@ -27,7 +34,7 @@ struct Scene {
     }
 
     void press(int row, PointerButton button = PointerButton::Left) {
-        simulated::click(handle, 50, 24 + 13 * row + 6, button);
+        simulated::click(handle, column, middleOfRow(row), button);
     }
     void type(Key key) { simulated::typeKey(handle, key); }
     [[nodiscard]] int selected() const { return list.ListIndex().value(); }
@@ -78,7 +85,7 @@ TEST_CASE("a press selects the entry of its row") {
 
 TEST_CASE("a press on the last pixels below the third row is on the third row") {
     Scene scene;
-    simulated::click(scene.handle, 50, 24 + 40);
+    simulated::click(scene.handle, column, lastPixelOfList);
     CHECK(scene.selected() == 2);
     CHECK(scene.top() == 0);
 }
@@ -96,22 +103,22 @@ TEST_CASE("a press below the entries and a press with the right button select no
 
 TEST_CASE("a held press selects along, and scrolls beyond the rows") {
     Scene scene;
-    simulated::pressAt(scene.handle, 50, 30);
-    simulated::moveTo(scene.handle, 50, 45);
+    simulated::pressAt(scene.handle, column, middleOfRow(0));
+    simulated::moveTo(scene.handle, column, middleOfRow(1));
     CHECK(scene.selected() == 1);
-    simulated::moveTo(scene.handle, 50, 200);
+    simulated::moveTo(scene.handle, column, 200);
     CHECK(scene.selected() == 3);
     CHECK(scene.top() == 1);
-    simulated::moveTo(scene.handle, 50, 201);
-    simulated::moveTo(scene.handle, 50, 202);
+    simulated::moveTo(scene.handle, column, 201);
+    simulated::moveTo(scene.handle, column, 202);
     CHECK(scene.selected() == 4);
-    simulated::moveTo(scene.handle, 50, -50);
-    simulated::moveTo(scene.handle, 50, -51);
-    simulated::moveTo(scene.handle, 50, -52);
+    simulated::moveTo(scene.handle, column, -50);
+    simulated::moveTo(scene.handle, column, -51);
+    simulated::moveTo(scene.handle, column, -52);
     CHECK(scene.selected() == 0);
     CHECK(scene.top() == 0);
     simulated::release();
-    simulated::moveTo(scene.handle, 50, 45);
+    simulated::moveTo(scene.handle, column, middleOfRow(1));
     CHECK(scene.selected() == 0);
 }
 
@@ -163,14 +170,14 @@ TEST_CASE("keys in an empty list select nothing") {
 
 TEST_CASE("the wheel scrolls between the first and the last full view, selecting nothing") {
     Scene scene;
-    simulated::wheelAt(scene.handle, 50, 30, 1);
+    simulated::wheelAt(scene.handle, column, middleOfRow(0), 1);
     CHECK(scene.top() == 1);
-    simulated::wheelAt(scene.handle, 50, 30, 3);
+    simulated::wheelAt(scene.handle, column, middleOfRow(0), 3);
     CHECK(scene.top() == 2);
-    simulated::wheelAt(scene.handle, 50, 30, -9);
+    simulated::wheelAt(scene.handle, column, middleOfRow(0), -9);
     CHECK(scene.top() == 0);
     CHECK(scene.selected() == -1);
-    simulated::wheelAt(scene.handle, 50, 10, 1);
+    simulated::wheelAt(scene.handle, column, firstRow - 14, 1);
     CHECK(scene.top() == 0);
 }
 

@@ -30,19 +30,16 @@ struct ThreeTracks {
     Player player;
 };
 
-/// Presses and releases a key of the main window.
-void clickMain(Player& player, int x, int y) { simulated::click(player.mainWindow(), x, y); }
-
-void clickNext(Player& player) { clickMain(player, 40, 55); }
-void clickPrevious(Player& player) { clickMain(player, 15, 55); }
-void clickStop(Player& player) { clickMain(player, 65, 55); }
-void clickPause(Player& player) { clickMain(player, 145, 55); }
-void clickRepeat(Player& player) { clickMain(player, 230, 28); }
-void clickShuffle(Player& player) { clickMain(player, 230, 20); }
+void clickNext(Player& player) { player.click(player.frmPlayer().pctnext); }
+void clickPrevious(Player& player) { player.click(player.frmPlayer().pctprev); }
+void clickStop(Player& player) { player.click(player.frmPlayer().pctstop); }
+void clickPause(Player& player) { player.click(player.frmPlayer().pctpause); }
+void clickRepeat(Player& player) { player.click(player.frmPlayer().lblRepeat); }
+void clickShuffle(Player& player) { player.click(player.frmPlayer().lblShuffle); }
 
 void clickPlaylistStop(Player& player) {
     player.frmPlaylist().window.Show();
-    simulated::click(player.playlistWindow(), 65, 75);
+    player.click(player.frmPlaylist().pctPlsStop);
 }
 
 /// Pauses as the playlist's own key does: both windows show it.
@@ -107,8 +104,7 @@ TEST_CASE("next on an empty list does nothing") {
 TEST_CASE("next on an empty list still stops what is paused") {
     ThreeTracks three(0);
     pauseInBothWindows(three.player);
-    three.player.list().Clear();
-    three.form().trackCount = 0;
+    three.form().clearall();
     clickNext(three.player);
     CHECK(commandsSent() == stopAndClose);
     CHECK(three.player.status() == "Idle");

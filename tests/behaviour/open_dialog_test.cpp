@@ -192,11 +192,11 @@ TEST_CASE("a negative buffer size is told with its number, and no dialog opens")
 TEST_CASE("both windows take clicks while the open dialog is up") {
     Player player;
     player.start();
-    player.addTracks({A, B});
+    player.addTracks({"C:\\Music\\1.mp3", "C:\\Music\\2.mp3"});
     player.frmPlaylist().window.Show();
     world.dialogs.cancelFiles([&] {
-        simulated::click(player.mainWindow(), 230, 28);
-        simulated::click(player.playlistWindow(), 50, 40);
+        player.click(player.frmPlayer().lblRepeat);
+        player.click(player.list());
     });
     player.frmPlayer().openfiles();
     CHECK(player.frmPlayer().repeatOn == runtime::True16);

@@ -1,4 +1,4 @@
-#include "tests/behaviour/hands.h"
+#include "tests/behaviour/player.h"
 
 using behaviour::Player;
 using simulated::world;
@@ -7,6 +7,7 @@ using simulated::world;
 namespace {
 
 constexpr platform::Point somewhere{600, 300}; // screen pixels
+constexpr platform::Point grip{4, 4};          // a bare place of the main window, its pixels
 constexpr int pulled = 20;                     // pixels
 
 struct Pulled {
@@ -18,8 +19,7 @@ struct Pulled {
 /// Presses a control, moves the pointer by so many pixels, twice as things run one move behind, and
 /// lets go.
 void pull(Player& player, const toolkit::Control& control) {
-    const platform::Point at = behaviour::middleOf(control);
-    simulated::pressAt(player.mainWindow(), at.x, at.y);
+    player.press(control);
     const platform::Point cursor = world.desktop.cursor;
     simulated::moveToScreen(cursor.x + pulled, cursor.y);
     simulated::moveToScreen(cursor.x + pulled, cursor.y + 1);
@@ -47,7 +47,7 @@ Pulled pulledAt(float twipsPerPixel) {
     const float slider = form.pctvolume.Left() - 2500;
     simulated::release();
 
-    simulated::pressAt(player.mainWindow(), 4, 4);
+    simulated::pressAt(player.mainWindow(), grip.x, grip.y);
     simulated::moveToScreen(world.desktop.cursor.x + pulled, world.desktop.cursor.y);
     simulated::release();
     return {thumb, slider, simulated::window(player.mainWindow()).position};

@@ -1,14 +1,13 @@
-#include "tests/behaviour/playlist_keys.h"
+#include "tests/behaviour/open_playlist.h"
 
 using behaviour::commandsSent;
 using behaviour::OpenPlaylist;
-using simulated::PointerButton;
-namespace keys = behaviour::keys;
+using behaviour::PointerButton;
 
 TEST_CASE("a click in the list moves the selection only") {
     OpenPlaylist player;
     player.playLetters(3);
-    player.click(keys::row(2));
+    player.clickRow(2);
     CHECK(player.selected() == 2);
     CHECK(player.sounding() == "C:\\Music\\a.mp3");
     CHECK(player.status() == "Playing");
@@ -17,7 +16,7 @@ TEST_CASE("a click in the list moves the selection only") {
 TEST_CASE("a click below the last entry of the list changes nothing") {
     OpenPlaylist player;
     player.playLetters(2);
-    player.click(keys::row(2));
+    player.clickRow(2);
     CHECK(player.selected() == 0);
 }
 
@@ -26,19 +25,18 @@ TEST_CASE("a double click in the list starts that entry from its beginning") {
     player.playLetters(3);
     simulated::advance(5000);
     commandsSent();
-    simulated::doubleClick(player.playlistWindow(), keys::row(1).x, keys::row(1).y);
+    player.doubleClickRow(1);
     CHECK(player.selected() == 1);
     CHECK(player.sounding() == "C:\\Music\\b.mp3");
     CHECK(commandsSent().back() == "play mpeg from 1 to 200000");
-    simulated::doubleClick(player.playlistWindow(), keys::row(1).x, keys::row(1).y);
+    player.doubleClickRow(1);
     CHECK(commandsSent().back() == "play mpeg from 1 to 200000");
 }
 
 TEST_CASE("a double click with the right button starts nothing") {
     OpenPlaylist player;
     player.playLetters(3);
-    simulated::doubleClick(player.playlistWindow(), keys::row(1).x, keys::row(1).y,
-                           PointerButton::Right);
+    player.doubleClickRow(1, PointerButton::Right);
     CHECK(player.sounding() == "C:\\Music\\a.mp3");
     CHECK(player.selected() == 0);
 }
@@ -46,9 +44,9 @@ TEST_CASE("a double click with the right button starts nothing") {
 TEST_CASE("a double click while paused resumes the paused track") {
     OpenPlaylist player;
     player.playLetters(3);
-    player.click(keys::pause);
+    player.click(player.form.pctPlsPause);
     commandsSent();
-    simulated::doubleClick(player.playlistWindow(), keys::row(2).x, keys::row(2).y);
+    player.doubleClickRow(2);
     CHECK(commandsSent() == std::vector<std::string>{"Resume mpeg"});
     CHECK(player.sounding() == "C:\\Music\\a.mp3");
     CHECK(player.selected() == 2);
@@ -59,14 +57,14 @@ TEST_CASE("the scroll keys move the view by one row at the release and wrap roun
     player.addLetters(10);
     player.list().ListIndex(0);
     for (int n = 1; n <= 7; ++n) {
-        player.click(keys::down);
+        player.click(player.form.pctLBoxDownUp);
         CHECK(player.firstRow() == n);
     }
-    player.click(keys::down);
+    player.click(player.form.pctLBoxDownUp);
     CHECK(player.firstRow() == 0);
-    player.click(keys::up);
+    player.click(player.form.pctLBoxUpUp);
     CHECK(player.firstRow() == 7);
-    player.click(keys::up);
+    player.click(player.form.pctLBoxUpUp);
     CHECK(player.firstRow() == 6);
     CHECK(player.selected() == 0);
 }
@@ -75,11 +73,11 @@ TEST_CASE("with four entries either scroll key toggles between the two views") {
     OpenPlaylist player;
     player.addLetters(4);
     for (const int view : {1, 0, 1}) {
-        player.click(keys::down);
+        player.click(player.form.pctLBoxDownUp);
         CHECK(player.firstRow() == view);
     }
     for (const int view : {0, 1, 0}) {
-        player.click(keys::up);
+        player.click(player.form.pctLBoxUpUp);
         CHECK(player.firstRow() == view);
     }
 }
@@ -89,12 +87,12 @@ TEST_CASE("with three entries or fewer the scroll keys press and release and scr
         OpenPlaylist player;
         player.addLetters(count);
         FrmPlaylist& form = player.frmPlaylist();
-        player.press(keys::down);
+        player.press(player.form.pctLBoxDownUp);
         CHECK(form.pctLBoxDownDown.Visible());
         CHECK(form.pctLBoxDownUp.Visible());
         simulated::release();
         CHECK_FALSE(form.pctLBoxDownDown.Visible());
-        player.press(keys::up);
+        player.press(player.form.pctLBoxUpUp);
         CHECK(form.pctLboxUpDown.Visible());
         CHECK(form.pctLBoxUpUp.Visible());
         simulated::release();
@@ -106,7 +104,7 @@ TEST_CASE("with three entries or fewer the scroll keys press and release and scr
 TEST_CASE("a scroll key held down doesn't repeat, and scrolls wherever it is let go") {
     OpenPlaylist player;
     player.addLetters(10);
-    player.press(keys::down);
+    player.press(player.form.pctLBoxDownUp);
     simulated::advance(5000);
     CHECK(player.firstRow() == 0);
     simulated::moveToScreen(5, 5);
@@ -119,10 +117,10 @@ TEST_CASE("the patch between the scroll keys doesn't react") {
     player.addLetters(10);
     player.list().ListIndex(0);
     const platform::Point before = simulated::window(player.playlistWindow()).position;
-    player.press(keys::patch);
+    player.press(player.form.pctNone);
     simulated::moveToScreen(before.x + 300, before.y);
     simulated::release();
-    player.click(keys::patch);
+    player.click(player.form.pctNone);
     CHECK(player.firstRow() == 0);
     CHECK(player.selected() == 0);
     CHECK(simulated::window(player.playlistWindow()).position == before);
@@ -131,13 +129,15 @@ TEST_CASE("the patch between the scroll keys doesn't react") {
 TEST_CASE("the patch covers the lowest row of the upper key and the highest of the lower") {
     OpenPlaylist player;
     player.addLetters(10);
-    for (const int y : {40, 48}) {
-        player.click({264, y});
+    const platform::Rect patch = player.form.pctNone.area();
+    const auto click = [&](int y) { simulated::click(player.playlistWindow(), patch.left + 8, y); };
+    for (const int y : {patch.top, patch.bottom - 1}) {
+        click(y);
         CHECK(player.firstRow() == 0);
     }
-    player.click({264, 49});
+    click(patch.bottom);
     CHECK(player.firstRow() == 1);
-    player.click({264, 39});
+    click(patch.top - 1);
     CHECK(player.firstRow() == 0);
 }
 
@@ -145,11 +145,11 @@ TEST_CASE("selecting an entry out of view brings it into view") {
     OpenPlaylist player;
     player.playLetters(5);
     for (const char* path : {"b", "c", "d"}) {
-        player.click(keys::next);
+        player.click(player.form.pctPlsNext);
         CHECK(player.sounding() == std::string("C:\\Music\\") + path + ".mp3");
     }
     CHECK(player.firstRow() == 1);
-    player.click(keys::previous);
+    player.click(player.form.pctPlsPrev);
     CHECK(player.firstRow() == 1);
 }
 
@@ -157,16 +157,13 @@ TEST_CASE("the wheel scrolls the view and leaves the selection") {
     OpenPlaylist player;
     player.addLetters(10);
     player.list().ListIndex(1);
-    const auto turn = [&](int rows) {
-        simulated::wheelAt(player.playlistWindow(), keys::row(1).x, keys::row(1).y, rows);
-    };
-    turn(3);
+    player.turnWheel(3);
     CHECK(player.firstRow() == 3);
-    turn(30);
+    player.turnWheel(30);
     CHECK(player.firstRow() == 7); // the wheel doesn't wrap round
-    turn(-2);
+    player.turnWheel(-2);
     CHECK(player.firstRow() == 5);
-    turn(-30);
+    player.turnWheel(-30);
     CHECK(player.firstRow() == 0);
     CHECK(player.selected() == 1);
 }
@@ -221,9 +218,9 @@ TEST_CASE("the list keeps its entries, view and selection while the window is cl
     player.addLetters(10);
     player.list().ListIndex(4);
     const int view = player.firstRow();
-    simulated::click(player.mainWindow(), 255, 55);
-    player.addTracks({"C:\\Music\\z.mp3"});
-    simulated::click(player.mainWindow(), 255, 55);
+    player.click(player.frmPlayer().pctplaylistdown);
+    player.addTracks({"C:\\More\\z.mp3"});
+    player.click(player.frmPlayer().pctplaylist);
     CHECK(player.list().ListCount() == 11);
     CHECK(player.selected() == 4);
     CHECK(player.firstRow() == view);

@@ -1,9 +1,8 @@
-#include "tests/behaviour/playlist_keys.h"
+#include "tests/behaviour/open_playlist.h"
 
 using behaviour::commandsSent;
 using behaviour::OpenPlaylist;
 using simulated::world;
-namespace keys = behaviour::keys;
 
 namespace {
 
@@ -43,7 +42,7 @@ void playToTheEnd() { simulated::advance(201'000); }
 
 TEST_CASE("remove on an empty list does nothing") {
     OpenPlaylist player;
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     CHECK(entries(player).empty());
     CHECK(player.selected() == -1);
     CHECK(player.frmPlayer().trackCount == 0);
@@ -52,7 +51,7 @@ TEST_CASE("remove on an empty list does nothing") {
 
 TEST_CASE("remove all on an empty list shows nothing and leaves one empty path") {
     OpenPlaylist player;
-    player.click(keys::removeAll);
+    player.click(player.form.pctClearAll);
     checkLeft(player, {}, -1);
     CHECK(world.messages.shown.empty());
 }
@@ -62,7 +61,7 @@ TEST_CASE("remove empties a list of one, selected or not") {
         OpenPlaylist player;
         player.addLetters(1);
         player.list().ListIndex(selected);
-        player.click(keys::remove);
+        player.click(player.form.pctClear);
         checkLeft(player, {}, -1);
     }
 }
@@ -70,7 +69,7 @@ TEST_CASE("remove empties a list of one, selected or not") {
 TEST_CASE("remove without a selection leaves a longer list alone") {
     OpenPlaylist player;
     player.addLetters(2);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     CHECK(entries(player) == Texts{"a.mp3", "b.mp3"});
     CHECK(player.frmPlayer().trackCount == 2);
     CHECK(paths(player) == Texts{"a.mp3", "b.mp3"});
@@ -81,7 +80,7 @@ TEST_CASE("after a removal the entry that followed is selected") {
     OpenPlaylist player;
     player.addLetters(3);
     player.list().ListIndex(1);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     checkLeft(player, {"a.mp3", "c.mp3"}, 1);
 }
 
@@ -89,7 +88,7 @@ TEST_CASE("after the first entry's removal the new first one is selected") {
     OpenPlaylist player;
     player.addLetters(3);
     player.list().ListIndex(0);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     checkLeft(player, {"b.mp3", "c.mp3"}, 0);
 }
 
@@ -97,7 +96,7 @@ TEST_CASE("after the last entry's removal the first one is selected") {
     OpenPlaylist player;
     player.addLetters(3);
     player.list().ListIndex(2);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     checkLeft(player, {"a.mp3", "b.mp3"}, 0);
 }
 
@@ -106,16 +105,16 @@ TEST_CASE("a long list empties by remove alone, entry by entry") {
     player.addLetters(12);
     player.list().ListIndex(5);
     for (int left = 11; left >= 1; --left) {
-        player.click(keys::remove);
+        player.click(player.form.pctClear);
         CHECK(player.list().ListCount() == left);
         CHECK(player.frmPlayer().trackCount == left);
         Texts expected = entries(player);
         expected.emplace_back();
         CHECK(paths(player) == expected);
     }
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     checkLeft(player, {}, -1);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     checkLeft(player, {}, -1);
 }
 
@@ -123,23 +122,23 @@ TEST_CASE("tracks added after a removal follow those that are left") {
     OpenPlaylist player;
     player.addLetters(3);
     player.list().ListIndex(0);
-    player.click(keys::remove);
-    player.addTracks({"C:\\Music\\x.mp3"});
+    player.click(player.form.pctClear);
+    player.addTracks({"C:\\More\\x.mp3"});
     CHECK(entries(player) == Texts{"b.mp3", "c.mp3", "x.mp3"});
     CHECK(paths(player) == Texts{"b.mp3", "c.mp3", "x.mp3"});
     player.list().ListIndex(2);
-    player.click(keys::play);
-    CHECK(player.sounding() == "C:\\Music\\x.mp3");
+    player.click(player.form.pctPlsPlay);
+    CHECK(player.sounding() == "C:\\More\\x.mp3");
 }
 
 TEST_CASE("remove fires as a click: not when the pointer has slid off") {
     OpenPlaylist player;
     player.addLetters(3);
     player.list().ListIndex(0);
-    player.clickAndSlideOff(keys::remove);
-    player.clickAndSlideOff(keys::removeAll);
+    player.clickAndSlideOff(player.form.pctClear);
+    player.clickAndSlideOff(player.form.pctClearAll);
     CHECK(player.list().ListCount() == 3);
-    player.press(keys::removeAll);
+    player.press(player.form.pctClearAll);
     CHECK(player.list().ListCount() == 3);
     simulated::release();
     CHECK(player.list().ListCount() == 0);
@@ -150,8 +149,8 @@ TEST_CASE("remove doesn't interrupt the sound, and the display goes on") {
     player.playLetters(3);
     simulated::advance(2000);
     commandsSent();
-    player.click(keys::remove);
-    player.click(keys::removeAll);
+    player.click(player.form.pctClear);
+    player.click(player.form.pctClearAll);
     CHECK(commandsSent().empty());
     CHECK(player.status() == "Playing");
     CHECK(player.frmPlayer().Timer1.Enabled());
@@ -163,18 +162,18 @@ TEST_CASE("remove doesn't interrupt the sound, and the display goes on") {
 TEST_CASE("remove leaves the pause keys as they are") {
     OpenPlaylist player;
     player.playLetters(2);
-    player.click(keys::pause);
-    player.click(keys::removeAll);
+    player.click(player.form.pctPlsPause);
+    player.click(player.form.pctClearAll);
     CHECK(player.status() == "Paused");
     CHECK(player.frmPlaylist().pctPlsPauseDown.Visible());
-    player.click(keys::pause);
+    player.click(player.form.pctPlsPauseDown);
     CHECK(player.status() == "Playing");
 }
 
 TEST_CASE("the entry behind a removed playing one is skipped at the end of the track") {
     OpenPlaylist player;
     player.playLetters(3);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     CHECK(player.selected() == 0);
     playToTheEnd();
     CHECK(player.sounding() == "C:\\Music\\c.mp3");
@@ -183,7 +182,7 @@ TEST_CASE("the entry behind a removed playing one is skipped at the end of the t
 TEST_CASE("with nothing behind the entry that followed, the end of the track is the end") {
     OpenPlaylist player;
     player.playLetters(2);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     playToTheEnd();
     CHECK(player.status() == "Idle");
     CHECK_FALSE(world.media.open());
@@ -192,8 +191,8 @@ TEST_CASE("with nothing behind the entry that followed, the end of the track is 
 TEST_CASE("removing another entry than the one that plays counts the same") {
     OpenPlaylist player;
     player.playLetters(4);
-    player.click(keys::row(1));
-    player.click(keys::remove);
+    player.clickRow(1);
+    player.click(player.form.pctClear);
     CHECK(player.selected() == 1);
     CHECK(player.sounding() == "C:\\Music\\a.mp3");
     playToTheEnd();
@@ -203,13 +202,13 @@ TEST_CASE("removing another entry than the one that plays counts the same") {
 TEST_CASE("after remove all the track plays to its end and stops, and play asks for files") {
     OpenPlaylist player;
     player.playLetters(3);
-    player.click(keys::removeAll);
+    player.click(player.form.pctClearAll);
     checkLeft(player, {}, -1);
     CHECK(player.status() == "Playing");
     playToTheEnd();
     CHECK(player.status() == "Idle");
     CHECK(world.dialogs.opened.empty());
-    player.click(keys::play);
+    player.click(player.form.pctPlsPlay);
     CHECK(world.dialogs.opened.size() == 1);
 }
 
@@ -217,7 +216,7 @@ TEST_CASE("after remove all with repeat on the end of the track starts nothing")
     OpenPlaylist player;
     player.playLetters(3);
     player.frmPlayer().lblRepeat_Click();
-    player.click(keys::removeAll);
+    player.click(player.form.pctClearAll);
     commandsSent();
     playToTheEnd();
     for (const std::string& command : commandsSent())
@@ -231,7 +230,7 @@ TEST_CASE("remove all forgets the leftover list text and keeps the last folder")
     player.addLetters(2);
     player.frmPlayer().savedTrackList = "left over";
     player.frmPlayer().lastFolder = "C:\\Music";
-    player.click(keys::removeAll);
+    player.click(player.form.pctClearAll);
     CHECK(player.frmPlayer().savedTrackList.empty());
     CHECK(player.frmPlayer().lastFolder == "C:\\Music");
 }
@@ -240,14 +239,14 @@ TEST_CASE("remove of the only entry keeps the leftover list text") {
     OpenPlaylist player;
     player.addLetters(1);
     player.frmPlayer().savedTrackList = "left over";
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     CHECK(player.frmPlayer().savedTrackList == "left over");
 }
 
 TEST_CASE("after remove all the settings hold an empty list") {
     OpenPlaylist player;
     player.addLetters(3);
-    player.click(keys::removeAll);
+    player.click(player.form.pctClearAll);
     simulated::closeByUser(player.mainWindow());
     const std::string line = world.files.text("C:\\Orvan\\MyPlayerSettings.mps");
     CHECK(line.find("**") != std::string::npos);
@@ -258,7 +257,7 @@ TEST_CASE("after a removal the settings hold what is left, in its order") {
     OpenPlaylist player;
     player.addLetters(3);
     player.list().ListIndex(1);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     simulated::closeByUser(player.mainWindow());
     const std::string line = world.files.text("C:\\Orvan\\MyPlayerSettings.mps");
     CHECK(line.find("*C:\\Music\\a.mp3/C:\\Music\\c.mp3//*") != std::string::npos);
@@ -269,8 +268,8 @@ TEST_CASE("entries removed while the open dialog is up are gone before what it p
     player.playLetters(3);
     world.media.addFile("C:\\Music\\x.mp3", 3000);
     world.menus.choose("File");
-    world.dialogs.pickFiles({"C:\\Music\\x.mp3"}, [&] { player.click(keys::remove); });
-    player.click(keys::open);
+    world.dialogs.pickFiles({"C:\\Music\\x.mp3"}, [&] { player.click(player.form.pctClear); });
+    player.click(player.form.pctPlsOpen);
     CHECK(entries(player) == Texts{"b.mp3", "c.mp3", "x.mp3"});
     CHECK(player.frmPlayer().trackCount == 3);
     CHECK(player.selected() == 2);
@@ -282,8 +281,8 @@ TEST_CASE("the whole list removed while the open dialog is up leaves what it pic
     player.playLetters(3);
     world.media.addFile("C:\\Music\\x.mp3", 3000);
     world.menus.choose("File");
-    world.dialogs.pickFiles({"C:\\Music\\x.mp3"}, [&] { player.click(keys::removeAll); });
-    player.click(keys::open);
+    world.dialogs.pickFiles({"C:\\Music\\x.mp3"}, [&] { player.click(player.form.pctClearAll); });
+    player.click(player.form.pctPlsOpen);
     CHECK(entries(player) == Texts{"x.mp3"});
     CHECK(paths(player) == Texts{"x.mp3"});
     CHECK(player.selected() == 0);
@@ -297,7 +296,7 @@ TEST_CASE("a removal that shortens the list keeps the view full") {
     CHECK(player.firstRow() == 2);
     player.list().TopIndex(2);
     player.list().ListIndex(3);
-    player.click(keys::remove);
+    player.click(player.form.pctClear);
     CHECK(player.firstRow() == 1);
     CHECK(player.selected() == 3);
 }

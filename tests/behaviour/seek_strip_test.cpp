@@ -1,11 +1,13 @@
-#include "tests/behaviour/hands.h"
+#include "tests/behaviour/player.h"
+#include "tests/behaviour/strip_rows.h"
 
 #include <cmath>
 
 using behaviour::commandsSent;
 using behaviour::Player;
-using platform::PointerButton;
+using behaviour::PointerButton;
 using simulated::world;
+namespace strip = behaviour::strip;
 
 namespace {
 
@@ -21,6 +23,14 @@ void playHalfway(Player& player) {
     world.media.forgetCommands();
 }
 
+/// A column of the strip to the left of that thumb, in pixels.
+constexpr int leftOfThumb = 60;
+
+/// Clicks a column of the strip, in pixels; in its middle row, if no other is given.
+void clickStrip(Player& player, int x, int y = strip::MiddleRow) {
+    simulated::click(player.mainWindow(), x, y);
+}
+
 bool sought(const Commands& commands) {
     for (const std::string& command : commands)
         if (command.starts_with("seek")) return true;
@@ -34,11 +44,12 @@ TEST_CASE("the strip is the pixel rows 34 to 40; presses beside it start a windo
         int y;
         bool strip;
     };
-    for (const Row& row : {Row{33, false}, Row{34, true}, Row{40, true}, Row{41, false}}) {
+    for (const Row& row : {Row{strip::RowAbove, false}, Row{strip::FirstRow, true},
+                           Row{strip::LastRow, true}, Row{strip::RowBelow, false}}) {
         CAPTURE(row.y);
         Player player;
         playHalfway(player);
-        simulated::pressAt(player.mainWindow(), 60, row.y);
+        simulated::pressAt(player.mainWindow(), leftOfThumb, row.y);
         CHECK(sought(commandsSent()) == row.strip);
         CHECK((player.frmPlayer().mouseHeld == runtime::False16) == row.strip);
         simulated::release();
@@ -50,7 +61,7 @@ TEST_CASE("the strip reaches over the whole width of the window") {
         CAPTURE(x);
         Player player;
         playHalfway(player);
-        simulated::pressAt(player.mainWindow(), x, 37, PointerButton::Middle);
+        simulated::pressAt(player.mainWindow(), x, strip::MiddleRow, PointerButton::Middle);
         CHECK_FALSE(commandsSent().empty());
         CHECK(player.frmPlayer().mouseHeld == runtime::False16);
         simulated::release(PointerButton::Middle);
@@ -69,8 +80,8 @@ TEST_CASE("with nothing playing the strip neither seeks nor drags") {
         }
         world.media.forgetCommands();
         const toolkit::Twips windowLeft = player.frmPlayer().window.Left();
-        simulated::pressAt(player.mainWindow(), 200, 37);
-        simulated::moveTo(player.mainWindow(), 230, 90);
+        simulated::pressAt(player.mainWindow(), 200, strip::MiddleRow);
+        simulated::moveTo(player.mainWindow(), 230, strip::MiddleRow + 53);
         simulated::release();
         CHECK(commandsSent().empty());
         CHECK(player.frmPlayer().window.Left() == windowLeft);
@@ -82,7 +93,7 @@ TEST_CASE("a click on the strip jumps by the distance from the thumb to the poin
     Player player;
     playHalfway(player);
     FrmPlayer& form = player.frmPlayer();
-    simulated::pressAt(player.mainWindow(), 180, 37);
+    simulated::pressAt(player.mainWindow(), 180, strip::MiddleRow);
     // 180 pixels less half a thumb, from 1850.
     CHECK(form.pctprogressbar.Left() == 2467.5F);
     CHECK(form.pctprogressbardown.Left() == 2467.5F);
@@ -95,7 +106,7 @@ TEST_CASE("a click on the strip jumps by the distance from the thumb to the poin
     CHECK(form.pctprogressbar.Visible());
     CHECK(form.Timer1.Enabled());
     // A single jump: nothing follows the pointer.
-    simulated::moveTo(player.mainWindow(), 200, 37);
+    simulated::moveTo(player.mainWindow(), 200, strip::MiddleRow);
     simulated::release();
     CHECK(commandsSent().empty());
     CHECK(form.pctprogressbar.Left() == 2467.5F);
@@ -106,7 +117,7 @@ TEST_CASE("the distance counts from the thumb's place in whole twips") {
     playHalfway(player);
     FrmPlayer& form = player.frmPlayer();
     form.pctprogressbar.Left(1850.5F); // halfway between: the even one counts
-    simulated::click(player.mainWindow(), 180, 37);
+    clickStrip(player, 180);
     CHECK(form.seekOffset == runtime::Fixed(617.5));
 }
 
@@ -115,7 +126,7 @@ TEST_CASE("after a click on the strip the next tick puts the thumb where the tra
     playHalfway(player);
     world.media.reportPosition({});
     FrmPlayer& form = player.frmPlayer();
-    simulated::click(player.mainWindow(), 200, 37);
+    clickStrip(player, 200);
     const toolkit::Twips clicked = form.pctprogressbar.Left();
     simulated::advance(966);
     const double share = form.trackPositionSeconds.toDouble() / 200.0;
@@ -124,20 +135,20 @@ TEST_CASE("after a click on the strip the next tick puts the thumb where the tra
 }
 
 TEST_CASE("a click right of the bar's end is the next track, at any row of the strip") {
-    for (const int y : {34, 37, 40}) {
+    for (const int y : {strip::FirstRow, strip::MiddleRow, strip::LastRow}) {
         CAPTURE(y);
         Player player;
         playHalfway(player);
-        simulated::click(player.mainWindow(), 246, y); // 3690 twips
+        clickStrip(player, 246, y); // 3690 twips
         CHECK(player.list().ListIndex() == 0);
-        simulated::click(player.mainWindow(), 270, y);
+        clickStrip(player, 270, y);
         CHECK(player.list().ListIndex() == 1);
         CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
         CHECK(world.media.openPath() == "C:\\Music\\b.mp3");
     }
     Player player;
     playHalfway(player);
-    simulated::click(player.mainWindow(), 247, 37); // 3705 twips
+    clickStrip(player, 247); // 3705 twips
     CHECK(player.list().ListIndex() == 1);
 }
 
@@ -146,7 +157,7 @@ TEST_CASE("texts are written after a click that went to the next track too") {
     playHalfway(player);
     player.frmPlayer().lblTimenow.Caption("old");
     world.media.reportPosition(100'000);
-    simulated::click(player.mainWindow(), 247, 37);
+    clickStrip(player, 247);
     CHECK(player.frmPlayer().lblTimenow.Caption() == "-00:-01");
     CHECK(player.frmPlaylist().lblTitle.Caption() == "201 / 200");
 }
@@ -155,7 +166,7 @@ TEST_CASE("a click right of the end of the last track without repeat changes no 
     Player player;
     playHalfway(player);
     player.list().ListIndex(1);
-    simulated::click(player.mainWindow(), 250, 37);
+    clickStrip(player, 250);
     const Commands sent = commandsSent();
     CHECK_FALSE(sought(sent));
     CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
@@ -167,7 +178,7 @@ TEST_CASE("a click far to the left sends a negative seek, which the device refus
     world.media.reportPosition({});
     FrmPlayer& form = player.frmPlayer();
     const std::int64_t before = world.media.position();
-    simulated::click(player.mainWindow(), 20, 37);
+    clickStrip(player, 20);
     const Commands sent = commandsSent();
     REQUIRE(sent.size() == 5);
     CHECK(sent[1].starts_with("seek mpeg to -"));
@@ -185,7 +196,7 @@ TEST_CASE("a click far to the left sends a negative seek, which the device refus
 TEST_CASE("a press on the thumb itself is no click on the strip") {
     Player player;
     playHalfway(player);
-    behaviour::pressOn(player.mainWindow(), player.frmPlayer().pctprogressbar);
+    player.press(player.frmPlayer().pctprogressbar);
     CHECK(player.frmPlayer().mouseHeld == runtime::True16);
     CHECK_FALSE(sought(commandsSent()));
     simulated::release();
@@ -195,7 +206,7 @@ TEST_CASE("a click uses the length of the last tick") {
     Player player;
     playHalfway(player);
     player.frmPlayer().trackLengthSeconds = 100;
-    simulated::click(player.mainWindow(), 180, 37);
+    clickStrip(player, 180);
     CHECK(player.frmPlayer().trackPositionSeconds == runtime::Fixed(100 * (617.5 / 3220) + 100));
 }
 
@@ -204,7 +215,7 @@ TEST_CASE("events that wait run in the middle of a click, before the seek goes o
     playHalfway(player);
     simulated::post([] { simulated::note("in between"); });
     simulated::clearLog();
-    simulated::pressAt(player.mainWindow(), 180, 37);
+    simulated::pressAt(player.mainWindow(), 180, strip::MiddleRow);
     const auto& notes = simulated::log();
     REQUIRE(notes.size() >= 3);
     CHECK(notes[0] == "send status mpeg position");

@@ -27,7 +27,7 @@ Commands logOf(const std::function<void()>& deed) {
 }
 
 void quit(Player& player) {
-    CHECK_THROWS_AS(simulated::click(player.mainWindow(), 270, 10), simulated::ProcessEnded);
+    CHECK_THROWS_AS(player.click(player.frmPlayer().pctquit), simulated::ProcessEnded);
 }
 
 bool saved() { return world.files.exists(file); }
@@ -214,10 +214,11 @@ TEST_CASE("a close inside the yield of a drag ends the program there") {
     Player player;
     player.play({A});
     simulated::advance(50'000);
-    simulated::pressAt(player.mainWindow(), 80, 36);
+    player.press(player.frmPlayer().pctprogressbar);
     REQUIRE(player.frmPlayer().mouseHeld == runtime::True16);
     simulated::post([&] { simulated::closeByUser(player.mainWindow()); });
-    CHECK_THROWS_AS(simulated::moveTo(player.mainWindow(), 90, 36), simulated::ProcessEnded);
+    CHECK_THROWS_AS(player.moveFrom(player.frmPlayer().pctprogressbar, 10),
+                    simulated::ProcessEnded);
     CHECK(saved());
     CHECK_FALSE(world.media.open());
     CHECK(world.messages.fatal.empty());

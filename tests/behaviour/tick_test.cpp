@@ -298,3 +298,40 @@ TEST_CASE("no tick runs behind the fatal message") {
     CHECK(fatalMessageOf([] { simulated::advance(tick); }));
     CHECK(commandsSent().size() == 3);
 }
+
+TEST_CASE("a click on the time flips it at the next tick and not before") {
+    Player player;
+    player.play({A, B});
+    FrmPlayer& form = player.frmPlayer();
+    simulated::advance(966);
+    const std::string remaining = form.lblTimenow.Caption();
+    CHECK(remaining == "-03:19");
+    player.click(form.lblTimenow);
+    CHECK(form.showElapsed == runtime::True16);
+    simulated::advance(965);
+    CHECK(form.lblTimenow.Caption() == remaining);
+    simulated::advance(1);
+    CHECK(form.lblTimenow.Caption() == "00:02");
+    player.click(form.lblTimenow, PointerButton::Right);
+    CHECK(form.showElapsed == runtime::False16);
+    CHECK(form.lblTimenow.Caption() == "00:02");
+    simulated::advance(966);
+    CHECK(form.lblTimenow.Caption() == "-03:17");
+}
+
+TEST_CASE("a press on the time that slides off it is no click") {
+    Player player;
+    player.start();
+    FrmPlayer& form = player.frmPlayer();
+    player.press(form.lblTimenow);
+    behaviour::releaseFarAway();
+    CHECK(form.showElapsed == runtime::False16);
+}
+
+TEST_CASE("any value but true becomes elapsed time at a click") {
+    Player player;
+    player.start();
+    player.frmPlayer().showElapsed = 7;
+    player.click(player.frmPlayer().lblTimenow);
+    CHECK(player.frmPlayer().showElapsed == runtime::True16);
+}

@@ -44,8 +44,8 @@ inline std::string timeNow(Player& player) { return player.frmPlayer().lblTimeno
 inline std::string statusText(Player& player) { return player.frmPlaylist().lblPlaying.Caption(); }
 inline std::string counter(Player& player) { return player.frmPlaylist().lblTitle.Caption(); }
 
-inline void clickTime(Player& player) { simulated::click(player.mainWindow(), 100, 24); }
+inline void clickTime(Player& player) { player.click(player.frmPlayer().lblTimenow); }
 
-inline void pauseByKey(Player& player) { simulated::click(player.mainWindow(), 145, 55); }
+inline void pauseByKey(Player& player) { player.click(player.frmPlayer().pctpause); }
 
 } // namespace behaviour

@@ -86,6 +86,27 @@ struct Scene {
 
 using Diary = std::vector<std::string>;
 
+// Places of that window, in pixels.
+constexpr platform::Point onImage{12, 14}; // on the cover, when that shows
+constexpr platform::Point besideCover{25, 14};
+constexpr platform::Point onLabel{45, 15};
+constexpr platform::Point onBox{75, 15};
+constexpr platform::Point onList{15, 35};
+constexpr platform::Point onBackground{35, 25};
+constexpr platform::Point farOutside{-500, 400};
+
+void moveTo(platform::WindowHandle window, platform::Point at) {
+    simulated::moveTo(window, at.x, at.y);
+}
+void pressAt(platform::WindowHandle window, platform::Point at,
+             PointerButton button = PointerButton::Left) {
+    simulated::pressAt(window, at.x, at.y, button);
+}
+void click(platform::WindowHandle window, platform::Point at,
+           PointerButton button = PointerButton::Left) {
+    simulated::click(window, at.x, at.y, button);
+}
+
 } // namespace
 
 TEST_CASE("a form loads at the first touch of a property, of its own or of a control") {
@@ -137,7 +158,7 @@ TEST_CASE("positions read back as they were set, in twips, until the user moves 
 TEST_CASE("a press goes to the topmost visible control, and background presses to the form") {
     Scene scene;
     const auto window = scene.show();
-    simulated::pressAt(window, 12, 14);
+    pressAt(window, onImage);
     CHECK(scene.read() == Diary{"image down"});
     CHECK(scene.last.X == 30);
     CHECK(scene.last.Y == 60);
@@ -145,20 +166,20 @@ TEST_CASE("a press goes to the topmost visible control, and background presses t
     simulated::release();
     scene.read();
     scene.cover.Visible(true);
-    simulated::pressAt(window, 12, 14, PointerButton::Right);
+    pressAt(window, onImage, PointerButton::Right);
     CHECK(scene.read() == Diary{"cover down"});
     CHECK(scene.last.Button == 2);
     simulated::release(PointerButton::Right);
     scene.read();
-    simulated::pressAt(window, 25, 14, PointerButton::Middle);
+    pressAt(window, besideCover, PointerButton::Middle);
     CHECK(scene.read() == Diary{"image down"});
     CHECK(scene.last.Button == 4);
     simulated::release(PointerButton::Middle);
     scene.read();
-    simulated::click(window, 35, 25);
+    click(window, onBackground);
     CHECK(scene.read() == Diary{"window down", "window up"});
-    CHECK(scene.last.X == 35 * 15);
-    CHECK(scene.last.Y == 25 * 15);
+    CHECK(scene.last.X == onBackground.x * 15);
+    CHECK(scene.last.Y == onBackground.y * 15);
 }
 
 TEST_CASE("the edges of a control belong to it as its pixels do") {
@@ -183,7 +204,7 @@ TEST_CASE("a control without handlers takes its presses all the same") {
     scene.image.MouseDown = nullptr;
     scene.image.MouseUp = nullptr;
     scene.image.Click = nullptr;
-    simulated::click(window, 12, 14);
+    click(window, onImage);
     CHECK(scene.read().empty());
 }
 
@@ -194,37 +215,37 @@ TEST_CASE("a press captures moves and the release, even by a control hidden mean
         scene.image.Visible(false);
         scene.cover.Visible(true);
     };
-    simulated::pressAt(window, 12, 14);
-    simulated::moveTo(window, 13, 14);
-    simulated::moveTo(window, 45, 15);
-    simulated::moveTo(window, -500, 400);
+    pressAt(window, onImage);
+    moveTo(window, {onImage.x + 1, onImage.y});
+    moveTo(window, onLabel);
+    moveTo(window, farOutside);
     CHECK(scene.last.X == -510 * 15);
     CHECK(scene.last.Y == 390 * 15);
     simulated::release();
     CHECK(scene.read() == Diary{"image move", "image move", "image move", "image up"});
-    simulated::moveTo(window, 45, 15);
+    moveTo(window, onLabel);
     CHECK(scene.read() == Diary{"label move"});
 }
 
 TEST_CASE("the capture lasts until all buttons are up") {
     Scene scene;
     const auto window = scene.show();
-    simulated::pressAt(window, 45, 15);
-    simulated::pressAt(window, 12, 14, PointerButton::Right);
+    pressAt(window, onLabel);
+    pressAt(window, onImage, PointerButton::Right);
     simulated::release();
-    simulated::moveTo(window, 75, 15);
+    moveTo(window, onBox);
     CHECK(scene.read() == Diary{"label down", "label down", "label up", "label move"});
     simulated::release(PointerButton::Right);
     scene.read();
-    simulated::moveTo(window, 75, 16);
+    moveTo(window, {onBox.x, onBox.y + 1});
     CHECK(scene.read() == Diary{"box move"});
 }
 
 TEST_CASE("the background captures too") {
     Scene scene;
     const auto window = scene.show();
-    simulated::pressAt(window, 2, 2);
-    simulated::moveTo(window, 45, 15);
+    pressAt(window, onBackground);
+    moveTo(window, onLabel);
     simulated::release();
     CHECK(scene.read() == Diary{"window down", "window move", "window up"});
 }
@@ -233,35 +254,35 @@ TEST_CASE("a release that never came does not hold the next press") {
     Scene scene;
     const auto window = scene.show();
     // A dialog over the held button takes the release away.
-    simulated::pressAt(window, 45, 15);
+    pressAt(window, onLabel);
     world.windows.held.clear();
     world.windows.captured = 0;
     scene.read();
-    simulated::click(window, 75, 15);
+    click(window, onBox);
     CHECK(scene.read() == Diary{"box down", "box up", "box click"});
 }
 
 TEST_CASE("labels, images and picture boxes click with any button, the list box with the left") {
     struct Row {
         const char* name;
-        std::int32_t x, y;
+        platform::Point place;
         bool right;
     };
-    for (const Row& row : {Row{"image", 12, 14, true}, Row{"label", 45, 15, true},
-                           Row{"box", 75, 15, true}, Row{"list", 15, 35, false}}) {
+    for (const Row& row : {Row{"image", onImage, true}, Row{"label", onLabel, true},
+                           Row{"box", onBox, true}, Row{"list", onList, false}}) {
         CAPTURE(row.name);
         Scene scene;
         const auto window = scene.show();
         const std::string name = row.name;
         const Diary clicked{name + " down", name + " up", name + " click"};
         const Diary unclicked{name + " down", name + " up"};
-        simulated::click(window, row.x, row.y);
+        click(window, row.place);
         CHECK(scene.read() == clicked);
         for (const PointerButton button : {PointerButton::Right, PointerButton::Middle}) {
-            simulated::click(window, row.x, row.y, button);
+            click(window, row.place, button);
             CHECK(scene.read() == (row.right ? clicked : unclicked));
         }
-        simulated::doubleClick(window, row.x, row.y, PointerButton::Right);
+        simulated::doubleClick(window, row.place.x, row.place.y, PointerButton::Right);
         const Diary twice = scene.read();
         CHECK((std::find(twice.begin(), twice.end(), name + " double") != twice.end()) ==
               row.right);
@@ -271,28 +292,28 @@ TEST_CASE("labels, images and picture boxes click with any button, the list box 
 TEST_CASE("a click needs the pointer over the control at the release") {
     Scene scene;
     const auto window = scene.show();
-    simulated::pressAt(window, 45, 15);
-    simulated::moveTo(window, 75, 15);
-    simulated::moveTo(window, 58, 18);
+    pressAt(window, onLabel);
+    moveTo(window, onBox);
+    moveTo(window, {onLabel.x + 13, onLabel.y + 3});
     simulated::release();
     CHECK(scene.read().back() == "label click");
-    simulated::pressAt(window, 45, 15);
-    simulated::releaseAt(window, 75, 15);
+    pressAt(window, onLabel);
+    simulated::releaseAt(window, onBox.x, onBox.y);
     CHECK(scene.read().back() == "label up");
-    simulated::pressAt(window, 75, 15);
-    simulated::releaseAt(window, 45, 15);
+    pressAt(window, onBox);
+    simulated::releaseAt(window, onLabel.x, onLabel.y);
     CHECK(scene.read().back() == "box up");
 }
 
 TEST_CASE("the second press of a double click is a press too, and the double click is its own") {
     Scene scene;
     const auto window = scene.show();
-    simulated::doubleClick(window, 75, 15);
+    simulated::doubleClick(window, onBox.x, onBox.y);
     CHECK(scene.read() == Diary{"box down", "box up", "box click", "box down", "box double",
                                 "box up", "box click"});
-    simulated::click(window, 15, 35);
+    click(window, onList);
     scene.read();
-    simulated::pressAgainAt(window, 15, 35);
+    simulated::pressAgainAt(window, onList.x, onList.y);
     CHECK(scene.read() == Diary{"list down", "list double"});
     simulated::release();
 }
@@ -301,23 +322,23 @@ TEST_CASE("the tooltip is that of the topmost visible control that has one, duri
     Scene scene;
     const auto window = scene.show();
     const auto tooltip = [&] { return simulated::window(window).tooltip; };
-    simulated::moveTo(window, 12, 14);
+    moveTo(window, onImage);
     CHECK(tooltip().empty());
     scene.cover.Visible(true);
     CHECK(tooltip() == "Cover");
-    simulated::moveTo(window, 22, 14);
+    moveTo(window, besideCover);
     CHECK(tooltip().empty());
-    simulated::moveTo(window, 45, 15);
+    moveTo(window, onLabel);
     CHECK(tooltip() == "Label");
     // A press elsewhere is held: the tooltip follows the pointer all the same.
-    simulated::pressAt(window, 75, 15);
+    pressAt(window, onBox);
     CHECK(tooltip().empty());
-    simulated::moveTo(window, 45, 15);
+    moveTo(window, onLabel);
     CHECK(tooltip() == "Label");
-    simulated::moveTo(window, 500, 15);
+    moveTo(window, {500, onLabel.y});
     CHECK(tooltip().empty());
     simulated::release();
-    simulated::moveTo(window, 45, 15);
+    moveTo(window, onLabel);
     CHECK(tooltip() == "Label");
     simulated::moveToScreen(900, 700);
     CHECK(tooltip().empty());
@@ -438,7 +459,7 @@ TEST_CASE("an error that no trap takes is told and ends the process with status 
     scene.image.MouseDown = [](const auto&) { runtime::raise(runtime::Overflow); };
     int status = -1;
     try {
-        simulated::pressAt(window, 12, 14);
+        pressAt(window, onImage);
     } catch (const simulated::ProcessEnded& ended) {
         status = ended.status;
     }

@@ -173,7 +173,7 @@ TEST_CASE("without a tray the player runs all the same") {
     CHECK(player.frmPlayer().window.Visible());
     CHECK_FALSE(world.tray.icon);
     CHECK(world.messages.shown.empty());
-    CHECK_THROWS_AS(simulated::click(player.mainWindow(), 270, 10), simulated::ProcessEnded);
+    CHECK_THROWS_AS(player.click(player.frmPlayer().pctquit), simulated::ProcessEnded);
 }
 
 TEST_CASE("an icon that the shell has lost is not put back") {

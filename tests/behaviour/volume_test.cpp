@@ -1,7 +1,6 @@
-#include "tests/behaviour/hands.h"
+#include "tests/behaviour/player.h"
 
 using behaviour::Player;
-using behaviour::pressOn;
 using platform::PointerButton;
 using simulated::world;
 
@@ -22,7 +21,7 @@ class Drag {
     Drag(Player& player, float left, PointerButton button = PointerButton::Left)
         : player_(player), button_(button) {
         slider().Left(left);
-        pressOn(player.mainWindow(), slider(), button);
+        player.press(slider(), button);
         at_ = behaviour::middleOf(slider());
     }
 
@@ -64,8 +63,8 @@ TEST_CASE("moves over the slider without a press do nothing and don't read the p
     FrmPlayer& form = player.frmPlayer();
     form.pctvolume.Left(2700);
     player.program().dragCursorNow = {-7, -7};
-    behaviour::hoverOver(player.mainWindow(), form.pctvolume);
-    simulated::moveTo(player.mainWindow(), 183, 60);
+    player.hover(form.pctvolume);
+    player.moveFrom(form.pctvolume, 1);
     CHECK(callsMade().empty());
     CHECK(player.program().dragCursorNow == platform::Point{-7, -7});
     CHECK(form.pctvolume.Left() == 2700);

@@ -29,10 +29,10 @@ class WindowPair {
     [[nodiscard]] bool beside() { return player.frmPlaylist().playlistdockY != 0; }
     [[nodiscard]] bool free() { return !stacked() && !beside(); }
 
-    void open() { simulated::click(player.mainWindow(), 255, 55); }
-    void closeByKey() { simulated::click(player.mainWindow(), 255, 55); }
-    void closeByQuit() { simulated::click(player.playlistWindow(), 268, 8); }
-    void closeByMinimise() { simulated::click(player.playlistWindow(), 251, 8); }
+    void open() { player.click(player.frmPlayer().pctplaylist); }
+    void closeByKey() { player.click(player.frmPlayer().pctplaylistdown); }
+    void closeByQuit() { player.click(player.frmPlaylist().pctPlaylistQuit); }
+    void closeByMinimise() { player.click(player.frmPlaylist().pctPlaylistMini); }
 
     /// Takes a window by its bare background.
     void takeMain(simulated::PointerButton button = simulated::PointerButton::Left) {

@@ -8,12 +8,11 @@ using simulated::world;
 
 namespace {
 
-constexpr Point minimiseKey{252, 8};
-constexpr Point quitKey{270, 10};
+/// Bare places of the windows, client pixels.
+constexpr Point mainGrip{20, 72};
+constexpr Point listGrip{5, 50};
 
-void minimise(Player& player) {
-    simulated::click(player.mainWindow(), minimiseKey.x, minimiseKey.y);
-}
+void minimise(Player& player) { player.click(player.frmPlayer().pctminimise); }
 
 void restoreByMenu() {
     world.menus.choose("Maximized");
@@ -34,8 +33,7 @@ void dockPlaylist(Player& player) {
     FrmPlaylist& list = player.frmPlaylist();
     list.window.Left(static_cast<float>(corner.x) * 15);
     list.window.Top(static_cast<float>(corner.y + 82) * 15);
-    simulated::pressAt(player.mainWindow(), 255, 55);
-    simulated::release();
+    player.click(player.frmPlayer().pctplaylist);
     REQUIRE(list.window.Visible());
     REQUIRE(list.playlistdockX == runtime::True16);
 }
@@ -45,7 +43,7 @@ void dockPlaylist(Player& player) {
 TEST_CASE("the minimise key shows its pressed look until the release, then the window hides") {
     Player player;
     player.start();
-    simulated::pressAt(player.mainWindow(), minimiseKey.x, minimiseKey.y);
+    player.press(player.frmPlayer().pctminimise);
     CHECK(player.frmPlayer().pctminimisedown.Visible());
     CHECK(player.frmPlayer().pctminimise.Visible());
     CHECK(shown(player));
@@ -59,7 +57,7 @@ TEST_CASE("any button on the minimise key hides the window") {
          {PointerButton::Left, PointerButton::Right, PointerButton::Middle}) {
         Player player;
         player.start();
-        simulated::click(player.mainWindow(), minimiseKey.x, minimiseKey.y, button);
+        player.click(player.frmPlayer().pctminimise, button);
         CHECK_FALSE(shown(player));
     }
 }
@@ -67,8 +65,8 @@ TEST_CASE("any button on the minimise key hides the window") {
 TEST_CASE("a press on the minimise key can't be withdrawn by sliding off it") {
     Player player;
     player.start();
-    simulated::pressAt(player.mainWindow(), minimiseKey.x, minimiseKey.y);
-    simulated::releaseAt(player.mainWindow(), 40, 300);
+    player.press(player.frmPlayer().pctminimise);
+    behaviour::releaseFarAway();
     CHECK_FALSE(shown(player));
     CHECK_FALSE(player.frmPlayer().pctminimisedown.Visible());
 }
@@ -76,11 +74,10 @@ TEST_CASE("a press on the minimise key can't be withdrawn by sliding off it") {
 TEST_CASE("the quit key shows its pressed look until the release, wherever that is") {
     Player player;
     player.start();
-    simulated::pressAt(player.mainWindow(), quitKey.x, quitKey.y, PointerButton::Right);
+    player.press(player.frmPlayer().pctquit, PointerButton::Right);
     CHECK(player.frmPlayer().pctquitdown.Visible());
     CHECK(player.frmPlayer().pctquit.Visible());
-    CHECK_THROWS_AS(simulated::releaseAt(player.mainWindow(), -500, 400, PointerButton::Right),
-                    simulated::ProcessEnded);
+    CHECK_THROWS_AS(behaviour::releaseFarAway(PointerButton::Right), simulated::ProcessEnded);
     CHECK_FALSE(player.frmPlayer().pctquitdown.shown());
 }
 
@@ -130,8 +127,8 @@ TEST_CASE("after a restore the docked playlist still follows the main window") {
     minimise(player);
     world.tray.doubleClick();
     const Point before = placeOf(player.playlistWindow());
-    simulated::pressAt(player.mainWindow(), 20, 72);
-    simulated::moveTo(player.mainWindow(), 57, 83);
+    simulated::pressAt(player.mainWindow(), mainGrip.x, mainGrip.y);
+    simulated::moveTo(player.mainWindow(), mainGrip.x + 37, mainGrip.y + 11);
     simulated::release();
     CHECK(placeOf(player.playlistWindow()) == Point{before.x + 37, before.y + 11});
 }
@@ -154,13 +151,14 @@ TEST_CASE("the playlist docks to the hidden main window's place") {
     dockPlaylist(player);
     const Point docked = placeOf(player.playlistWindow());
     minimise(player);
-    simulated::pressAt(player.playlistWindow(), 5, 50);
-    simulated::moveTo(player.playlistWindow(), 65, 130);
+    simulated::pressAt(player.playlistWindow(), listGrip.x, listGrip.y);
+    simulated::moveTo(player.playlistWindow(), listGrip.x + 60, listGrip.y + 80);
     simulated::release();
     REQUIRE(player.frmPlaylist().playlistdockX == runtime::False16);
     const Point away = placeOf(player.playlistWindow());
-    simulated::pressAt(player.playlistWindow(), 5, 50);
-    simulated::moveTo(player.playlistWindow(), 5 + docked.x - away.x, 50 + docked.y - away.y + 6);
+    simulated::pressAt(player.playlistWindow(), listGrip.x, listGrip.y);
+    simulated::moveTo(player.playlistWindow(), listGrip.x + docked.x - away.x,
+                      listGrip.y + docked.y - away.y + 6);
     simulated::release();
     CHECK(placeOf(player.playlistWindow()) == docked);
     CHECK(player.frmPlaylist().playlistdockX == runtime::True16);

@@ -1,12 +1,10 @@
-#include "tests/behaviour/hands.h"
+#include "tests/behaviour/player.h"
 #include "tests/pictures/windows/compare.h"
 
 #include <algorithm>
 #include <functional>
 
-using behaviour::clickOn;
 using behaviour::Player;
-using behaviour::pressOn;
 
 namespace {
 
@@ -27,15 +25,15 @@ struct State {
 
 template <class Control>
 std::function<void(Player&)> held(Control FrmPlayer::*key) {
-    return [key](Player& player) { pressOn(player.mainWindow(), player.frmPlayer().*key); };
+    return [key](Player& player) { player.press(player.frmPlayer().*key); };
 }
 
 template <class Control>
 std::function<void(Player&)> held(Control FrmPlaylist::*key) {
-    return [key](Player& player) { pressOn(player.playlistWindow(), player.frmPlaylist().*key); };
+    return [key](Player& player) { player.press(player.frmPlaylist().*key); };
 }
 
-void openPanel(Player& player) { clickOn(player.mainWindow(), player.frmPlayer().pctalarm); }
+void openPanel(Player& player) { player.click(player.frmPlayer().pctalarm); }
 
 /// Drags the volume slider so far that it stops.
 std::function<void(Player&)> volumeDragged(int pixels) {
@@ -59,7 +57,7 @@ const std::vector<State>& states() {
         {"player-at-rest", Which::Player, [](Player&) {}},
         {"player-captions", Which::Player, [](Player&) {}, Captions::Blocks},
         {"player-stopped", Which::Player,
-         [](Player& player) { clickOn(player.mainWindow(), player.frmPlayer().pctstop); }},
+         [](Player& player) { player.click(player.frmPlayer().pctstop); }},
         {"player-prev-down", Which::Player, held(&FrmPlayer::pctprev)},
         {"player-next-down", Which::Player, held(&FrmPlayer::pctnext)},
         {"player-stop-down", Which::Player, held(&FrmPlayer::pctstop)},
@@ -99,8 +97,7 @@ platform::Picture pictureOf(const State& state) {
     simulated::world.text.leaveOut = state.captions == Captions::LeftOut;
     player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3", "C:\\Music\\c.mp3", "C:\\Music\\d.mp3",
                  "C:\\Music\\e.mp3"});
-    if (state.window == Which::Playlist)
-        clickOn(player.mainWindow(), player.frmPlayer().pctplaylist);
+    if (state.window == Which::Playlist) player.click(player.frmPlayer().pctplaylist);
     state.reach(player);
     const bool list = state.window == Which::Playlist;
     return simulated::picture(list ? player.playlistWindow() : player.mainWindow());

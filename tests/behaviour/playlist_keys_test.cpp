@@ -1,31 +1,23 @@
-#include "tests/behaviour/playlist_keys.h"
+#include "tests/behaviour/open_playlist.h"
 
 using behaviour::commandsSent;
 using behaviour::OpenPlaylist;
-using simulated::PointerButton;
+using behaviour::PointerButton;
 using simulated::world;
-namespace keys = behaviour::keys;
 
 namespace {
-
-constexpr platform::Point mainPause{145, 55};
 
 struct KeyPair {
     toolkit::Image& up;
     toolkit::Image& down;
-    platform::Point place;
 };
 
 std::vector<KeyPair> springingKeys(FrmPlaylist& form) {
-    return {{form.pctPlsPrev, form.pctPlsPrevDown, keys::previous},
-            {form.pctPlsNext, form.pctPlsNextDown, keys::next},
-            {form.pctPlsStop, form.pctPlsStopDown, keys::stop},
-            {form.pctPlsPlay, form.pctPlsPlayDown, keys::play},
-            {form.pctPlsOpen, form.pctPlsOpenDown, keys::open}};
-}
-
-void clickMain(OpenPlaylist& player, platform::Point key) {
-    simulated::click(player.mainWindow(), key.x, key.y);
+    return {{form.pctPlsPrev, form.pctPlsPrevDown},
+            {form.pctPlsNext, form.pctPlsNextDown},
+            {form.pctPlsStop, form.pctPlsStopDown},
+            {form.pctPlsPlay, form.pctPlsPlayDown},
+            {form.pctPlsOpen, form.pctPlsOpenDown}};
 }
 
 } // namespace
@@ -34,10 +26,10 @@ TEST_CASE("every key of the playlist goes down at the press and up at the releas
     OpenPlaylist player;
     player.playLetters(3);
     for (const KeyPair& key : springingKeys(player.frmPlaylist())) {
-        CAPTURE(key.place.x);
+        CAPTURE(key.up.name());
         CHECK(key.up.Visible());
         CHECK_FALSE(key.down.Visible());
-        player.press(key.place);
+        player.press(key.up);
         CHECK_FALSE(key.up.Visible());
         CHECK(key.down.Visible());
         simulated::release();
@@ -49,13 +41,13 @@ TEST_CASE("every key of the playlist goes down at the press and up at the releas
 TEST_CASE("a key of the playlist fires at the release, wherever that is, and with any button") {
     OpenPlaylist player;
     player.playLetters(4);
-    player.press(keys::next);
+    player.press(player.form.pctPlsNext);
     CHECK(player.selected() == 0);
     simulated::release();
     CHECK(player.selected() == 1);
-    player.clickAndSlideOff(keys::next);
+    player.clickAndSlideOff(player.form.pctPlsNext);
     CHECK(player.selected() == 2);
-    simulated::click(player.playlistWindow(), keys::next.x, keys::next.y, PointerButton::Right);
+    player.click(player.form.pctPlsNext, PointerButton::Right);
     CHECK(player.selected() == 3);
     CHECK(player.sounding() == "C:\\Music\\d.mp3");
 }
@@ -64,14 +56,14 @@ TEST_CASE("the keys of the playlist leave the main window's keys alone") {
     OpenPlaylist player;
     player.playLetters(3);
     FrmPlayer& main = player.frmPlayer();
-    player.press(keys::next);
+    player.press(player.form.pctPlsNext);
     CHECK(main.pctnext.Visible());
     CHECK_FALSE(main.pctnextdown.Visible());
     simulated::release();
-    player.press(keys::play);
+    player.press(player.form.pctPlsPlay);
     CHECK_FALSE(main.pctplaydown.Visible());
     simulated::release();
-    player.press(keys::stop);
+    player.press(player.form.pctPlsStop);
     CHECK(main.pctstop.Visible());
     CHECK_FALSE(main.pctstopdown.Visible());
     simulated::release();
@@ -80,16 +72,16 @@ TEST_CASE("the keys of the playlist leave the main window's keys alone") {
 TEST_CASE("previous, next, play and stop of the playlist do what the main window's do") {
     OpenPlaylist player;
     player.playLetters(3);
-    player.click(keys::next);
+    player.click(player.form.pctPlsNext);
     CHECK(player.sounding() == "C:\\Music\\b.mp3");
-    player.click(keys::previous);
-    player.click(keys::previous);
+    player.click(player.form.pctPlsPrev);
+    player.click(player.form.pctPlsPrev);
     CHECK(player.sounding() == "C:\\Music\\c.mp3");
-    player.click(keys::stop);
+    player.click(player.form.pctPlsStop);
     CHECK(player.status() == "Idle");
     CHECK_FALSE(player.frmPlayer().lblTimenow.Visible());
     CHECK_FALSE(player.frmPlayer().pctprogressbar.Visible());
-    player.click(keys::play);
+    player.click(player.form.pctPlsPlay);
     CHECK(player.status() == "Playing");
     CHECK(player.sounding() == "C:\\Music\\c.mp3");
 }
@@ -100,7 +92,7 @@ TEST_CASE("stop of the playlist empties both labels") {
     simulated::advance(1500);
     CHECK(player.frmPlaylist().lblPlaying.Caption() == "Playing");
     CHECK(player.frmPlaylist().lblTitle.Caption() == "1 / 200");
-    player.click(keys::stop);
+    player.click(player.form.pctPlsStop);
     CHECK(player.frmPlaylist().lblPlaying.Caption().empty());
     CHECK(player.frmPlaylist().lblTitle.Caption().empty());
     simulated::advance(966);
@@ -120,7 +112,7 @@ TEST_CASE("the playlist's open key stays down through menu and dialog, and 300 m
     world.menus.choose("File", checkDown);
     world.dialogs.pickFiles({"C:\\Music\\a.mp3"}, checkDown);
     const std::uint64_t before = simulated::now();
-    player.click(keys::open);
+    player.click(player.form.pctPlsOpen);
     REQUIRE(world.menus.shown.size() == 1);
     CHECK(world.menus.shown[0].size() == 2);
     CHECK(simulated::scriptsLeft() == 0);
@@ -133,7 +125,7 @@ TEST_CASE("the playlist's open key stays down through menu and dialog, and 300 m
 
 TEST_CASE("the playlist's open key comes up 300 ms after a dismissed menu too") {
     OpenPlaylist player;
-    player.click(keys::open);
+    player.click(player.form.pctPlsOpen);
     CHECK(world.dialogs.opened.empty());
     CHECK(world.events.sleeps == std::vector<std::uint32_t>{300});
     CHECK(player.frmPlaylist().pctPlsOpen.Visible());
@@ -143,7 +135,7 @@ TEST_CASE("the playlist's open key lifts the main window's as well") {
     OpenPlaylist player;
     player.frmPlayer().pctopen.Visible(false);
     player.frmPlayer().pctopendown.Visible(true);
-    player.click(keys::open);
+    player.click(player.form.pctPlsOpen);
     CHECK(player.frmPlayer().pctopen.Visible());
     CHECK_FALSE(player.frmPlayer().pctopendown.Visible());
 }
@@ -152,14 +144,14 @@ TEST_CASE("the playlist's pause latches at the press and ends at the next press"
     OpenPlaylist player;
     player.playLetters(1);
     FrmPlaylist& form = player.frmPlaylist();
-    player.press(keys::pause);
+    player.press(player.form.pctPlsPause);
     CHECK(player.status() == "Paused");
     CHECK_FALSE(form.pctPlsPause.Visible());
     CHECK(form.pctPlsPauseDown.Visible());
     CHECK(form.lblPlaying.Caption() == "Paused");
     simulated::release();
     CHECK(player.status() == "Paused");
-    player.press(keys::pause);
+    player.press(player.form.pctPlsPauseDown);
     CHECK(player.status() == "Playing");
     CHECK(form.pctPlsPause.Visible());
     CHECK_FALSE(form.pctPlsPauseDown.Visible());
@@ -173,7 +165,7 @@ TEST_CASE("the playlist's pause does nothing while nothing plays") {
     OpenPlaylist player;
     player.addLetters(1);
     commandsSent();
-    player.click(keys::pause);
+    player.click(player.form.pctPlsPause);
     CHECK(player.frmPlaylist().pctPlsPause.Visible());
     CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
     CHECK(player.frmPlaylist().lblPlaying.Caption().empty());
@@ -183,16 +175,16 @@ TEST_CASE("the playlist's pause does nothing while nothing plays") {
 TEST_CASE("a pause made in the main window shows and ends there only") {
     OpenPlaylist player;
     player.playLetters(1);
-    clickMain(player, mainPause);
+    player.click(player.frmPlayer().pctpause);
     CHECK(player.status() == "Paused");
     CHECK(player.frmPlayer().pctpausedown.Visible());
     CHECK(player.frmPlayer().pctpause.Visible());
     CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
     CHECK(player.frmPlaylist().pctPlsPause.Visible());
-    player.click(keys::pause);
+    player.click(player.form.pctPlsPause);
     CHECK(player.status() == "Paused");
     CHECK(player.frmPlaylist().pctPlsPause.Visible());
-    clickMain(player, mainPause);
+    player.click(player.frmPlayer().pctpausedown);
     CHECK(player.status() == "Playing");
     CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
 }
@@ -200,9 +192,9 @@ TEST_CASE("a pause made in the main window shows and ends there only") {
 TEST_CASE("a pause made in the playlist shows and ends there only") {
     OpenPlaylist player;
     player.playLetters(1);
-    player.click(keys::pause);
+    player.click(player.form.pctPlsPause);
     CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
-    clickMain(player, mainPause);
+    player.click(player.frmPlayer().pctpause);
     CHECK(player.status() == "Paused");
     CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
 }
@@ -210,29 +202,29 @@ TEST_CASE("a pause made in the playlist shows and ends there only") {
 TEST_CASE("stopped from the playlist while paused there, its pause key stays down until play") {
     OpenPlaylist player;
     player.playLetters(1);
-    player.click(keys::pause);
-    player.click(keys::stop);
+    player.click(player.form.pctPlsPause);
+    player.click(player.form.pctPlsStop);
     CHECK(player.status() == "Idle");
     CHECK(player.frmPlaylist().pctPlsPauseDown.Visible());
-    player.click(keys::pause);
+    player.click(player.form.pctPlsPauseDown);
     CHECK(player.status() == "Idle");
-    player.click(keys::play);
+    player.click(player.form.pctPlsPlay);
     CHECK(player.status() == "Playing");
     CHECK(player.frmPlaylist().pctPlsPause.Visible());
     CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
-    player.click(keys::pause);
+    player.click(player.form.pctPlsPause);
     CHECK(player.status() == "Paused");
 }
 
 TEST_CASE("paused in the main window and stopped from the playlist, play frees the pause key") {
     OpenPlaylist player;
     player.playLetters(1);
-    clickMain(player, mainPause);
-    player.click(keys::stop);
+    player.click(player.frmPlayer().pctpause);
+    player.click(player.form.pctPlsStop);
     CHECK(player.frmPlayer().pctpausedown.Visible());
-    player.click(keys::play);
+    player.click(player.form.pctPlsPlay);
     CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
-    clickMain(player, mainPause);
+    player.click(player.frmPlayer().pctpause);
     CHECK(player.status() == "Paused");
 }
 
@@ -249,7 +241,7 @@ TEST_CASE("closed by the system, the playlist hides as by its minimise key and o
     CHECK_FALSE(player.frmPlayer().pctplaylistdown.Visible());
     CHECK(form.playlistdockX == runtime::True16);
 
-    simulated::click(player.mainWindow(), 255, 55);
+    player.click(player.frmPlayer().pctplaylist);
     CHECK(player.playlistWindow() == window);
     CHECK(simulated::window(window).visible);
     CHECK(simulated::window(window).position == place);
@@ -260,8 +252,8 @@ TEST_CASE("closed by the system, the playlist hides as by its minimise key and o
 TEST_CASE("play ends a pause made in the playlist and lifts its key") {
     OpenPlaylist player;
     player.playLetters(1);
-    player.click(keys::pause);
-    player.click(keys::play);
+    player.click(player.form.pctPlsPause);
+    player.click(player.form.pctPlsPlay);
     CHECK(player.status() == "Playing");
     CHECK(player.frmPlaylist().pctPlsPause.Visible());
     CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
@@ -271,7 +263,7 @@ TEST_CASE("a pause that the device refuses leaves the key down and the word") {
     OpenPlaylist player;
     player.playLetters(1);
     world.media.fail("Pause");
-    player.click(keys::pause);
+    player.click(player.form.pctPlsPause);
     CHECK(player.status() == "Playing");
     CHECK(player.frmPlaylist().pctPlsPauseDown.Visible());
     CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
@@ -282,33 +274,33 @@ TEST_CASE("tooltips of the playlist show over what is pressed, and pause's over 
     player.playLetters(1);
     const auto tooltip = [&] { return simulated::window(player.playlistWindow()).tooltip; };
     struct Row {
-        platform::Point place;
-        const char* atRest;
+        toolkit::Image& key;
         const char* pressed;
     };
-    for (const Row& row : {Row{keys::previous, "", "Previous"}, Row{keys::next, "", "Next"},
-                           Row{keys::stop, "", "Remove"}, Row{keys::play, "", "Play"},
-                           Row{keys::open, "", "Open"}}) {
-        simulated::moveTo(player.playlistWindow(), row.place.x, row.place.y);
-        CHECK(tooltip() == row.atRest);
-        player.press(row.place);
+    FrmPlaylist& form = player.form;
+    for (const Row& row : {Row{form.pctPlsPrev, "Previous"}, Row{form.pctPlsNext, "Next"},
+                           Row{form.pctPlsStop, "Remove"}, Row{form.pctPlsPlay, "Play"},
+                           Row{form.pctPlsOpen, "Open"}}) {
+        player.hover(row.key);
+        CHECK(tooltip().empty());
+        player.press(row.key);
         CHECK(tooltip() == row.pressed);
         simulated::release();
     }
-    player.click(keys::play);
-    simulated::moveTo(player.playlistWindow(), keys::pause.x, keys::pause.y);
+    player.click(form.pctPlsPlay);
+    player.hover(form.pctPlsPause);
     CHECK(tooltip() == "Pause");
-    player.press(keys::pause);
+    player.press(form.pctPlsPause);
     CHECK(tooltip().empty());
     simulated::release();
 }
 
 TEST_CASE("with an empty list only play does something: it opens the file dialog") {
     OpenPlaylist player;
-    player.click(keys::previous);
-    player.click(keys::next);
+    player.click(player.form.pctPlsPrev);
+    player.click(player.form.pctPlsNext);
     CHECK(world.dialogs.opened.empty());
-    player.click(keys::play);
+    player.click(player.form.pctPlsPlay);
     CHECK(world.dialogs.opened.size() == 1);
     CHECK(world.messages.shown.empty());
 }

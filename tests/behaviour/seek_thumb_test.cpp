@@ -1,12 +1,11 @@
-#include "tests/behaviour/hands.h"
+#include "tests/behaviour/player.h"
 
 #include <cmath>
 
 using behaviour::commandsSent;
 using behaviour::fatalMessageOf;
 using behaviour::Player;
-using behaviour::pressOn;
-using platform::PointerButton;
+using behaviour::PointerButton;
 using simulated::world;
 
 namespace {
@@ -24,13 +23,25 @@ void playAt(Player& player, std::int64_t length, std::int64_t position) {
     world.media.forgetCommands();
 }
 
+/// A hand that holds the thumb.
+struct Drag {
+    /// Moves the pointer to so many pixels from where the thumb was pressed.
+    void by(int right, int down = 0) const { simulated::moveTo(window, at.x + right, at.y + down); }
+    platform::WindowHandle window;
+    platform::Point at;
+};
+
+Drag pressThumb(Player& player) {
+    const Drag drag{player.mainWindow(), behaviour::middleOf(player.frmPlayer().pctprogressbar)};
+    player.press(player.frmPlayer().pctprogressbar);
+    return drag;
+}
+
 /// Puts the thumb somewhere and presses it.
-platform::Point pressThumbAt(Player& player, float left) {
-    FrmPlayer& form = player.frmPlayer();
-    form.pctprogressbar.Left(left);
-    form.pctprogressbardown.Left(left);
-    pressOn(player.mainWindow(), form.pctprogressbar);
-    return behaviour::middleOf(form.pctprogressbar);
+Drag pressThumbAt(Player& player, float left) {
+    player.frmPlayer().pctprogressbar.Left(left);
+    player.frmPlayer().pctprogressbardown.Left(left);
+    return pressThumb(player);
 }
 
 const Commands pressQueries{"status mpeg position", "set mpeg time format frames",
@@ -75,10 +86,10 @@ TEST_CASE("a dragged thumb runs one move behind the pointer") {
     Player player;
     playAt(player, 200'000, 47'200);
     FrmPlayer& form = player.frmPlayer();
-    const platform::Point at = pressThumbAt(player, 1000);
+    const Drag drag = pressThumbAt(player, 1000);
     for (const Row& row : rows) {
         CAPTURE(row.pixels);
-        simulated::moveTo(player.mainWindow(), at.x + row.pixels, at.y + 300);
+        drag.by(row.pixels, 300);
         CHECK(form.seekOffset == runtime::Fixed(row.offset));
         CHECK(std::fabs(static_cast<double>(form.pctprogressbar.Left()) - row.left) < 0.05);
         CHECK(form.pctprogressbardown.Left() == form.pctprogressbar.Left());
@@ -110,10 +121,10 @@ TEST_CASE("on a very long track the position asked for swings between moves") {
     Player player;
     playAt(player, 6'000'000, 1'000'000);
     FrmPlayer& form = player.frmPlayer();
-    const platform::Point at = pressThumbAt(player, 777);
+    const Drag drag = pressThumbAt(player, 777);
     for (const Row& row : rows) {
         CAPTURE(row.pixels);
-        simulated::moveTo(player.mainWindow(), at.x + row.pixels, at.y);
+        drag.by(row.pixels);
         CHECK(form.seekOffset == runtime::Fixed(row.offset));
         CHECK(std::fabs(static_cast<double>(form.pctprogressbar.Left()) - row.left) < 0.05);
         CHECK(form.trackPositionSeconds == runtime::Fixed(row.position));
@@ -125,10 +136,10 @@ TEST_CASE("each held move asks for the position, moves the thumb and writes both
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
     form.showElapsed = runtime::True16;
-    const platform::Point at = pressThumbAt(player, 1000);
+    const Drag drag = pressThumbAt(player, 1000);
     form.lblTimenow.Caption("old");
     world.media.forgetCommands();
-    simulated::moveTo(player.mainWindow(), at.x + 10, at.y);
+    drag.by(10);
     CHECK(commandsSent() ==
           Commands{"status mpeg position", "set mpeg time format frames", "status mpeg length"});
     CHECK(form.lblTimenow.Caption() == "00:59");
@@ -139,9 +150,9 @@ TEST_CASE("what sounds during a drag is added to the position asked for") {
     Player player;
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
-    const platform::Point at = pressThumbAt(player, 1000);
+    const Drag drag = pressThumbAt(player, 1000);
     world.media.reportPosition(53'000);
-    simulated::moveTo(player.mainWindow(), at.x + 10, at.y);
+    drag.by(10);
     CHECK(form.trackPositionSeconds == runtime::Fixed(200 * (150 / 3220.0) + 53));
 }
 
@@ -149,15 +160,14 @@ TEST_CASE("moves over the thumb do nothing unless it is held and a track plays")
     Player player;
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
-    const platform::Point at = behaviour::middleOf(form.pctprogressbar);
-    simulated::moveTo(player.mainWindow(), at.x, at.y);
-    simulated::moveTo(player.mainWindow(), at.x + 3, at.y);
+    player.hover(form.pctprogressbar);
+    player.moveFrom(form.pctprogressbar, 3);
     CHECK(commandsSent().empty());
     CHECK(form.pctprogressbar.Left() == 240);
     player.engine().PauseM();
-    pressThumbAt(player, 1000);
+    const Drag drag = pressThumbAt(player, 1000);
     world.media.forgetCommands();
-    simulated::moveTo(player.mainWindow(), 200, at.y);
+    drag.by(100);
     CHECK(commandsSent().empty());
     CHECK(form.pctprogressbar.Left() == 1000);
 }
@@ -176,7 +186,7 @@ TEST_CASE("any button drags the thumb") {
     Player player;
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
-    pressOn(player.mainWindow(), form.pctprogressbar, PointerButton::Right);
+    player.press(form.pctprogressbar, PointerButton::Right);
     CHECK(form.mouseHeld == runtime::True16);
     simulated::release(PointerButton::Right);
     CHECK(form.mouseHeld == runtime::False16);
@@ -186,10 +196,10 @@ TEST_CASE("a release that waits during a move seeks before that move writes its 
     Player player;
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
-    const platform::Point at = pressThumbAt(player, 1000);
+    const Drag drag = pressThumbAt(player, 1000);
     world.media.forgetCommands();
     simulated::post([] { simulated::release(); });
-    simulated::moveTo(player.mainWindow(), at.x + 10, at.y);
+    drag.by(10);
     CHECK(commandsSent() == Commands{"status mpeg position", "seek mpeg to 59317", "Play mpeg",
                                      "set mpeg time format frames", "status mpeg length"});
     CHECK(form.pctprogressbar.Visible());
@@ -200,11 +210,11 @@ TEST_CASE("a thumb released past the end of its bar skips to the next track") {
     Player player;
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
-    const platform::Point at = pressThumbAt(player, 1000);
-    simulated::moveTo(player.mainWindow(), at.x + 170, at.y);
+    const Drag drag = pressThumbAt(player, 1000);
+    drag.by(170);
     // One move behind: the thumb still stands where it was pressed, so this would be a seek.
     CHECK(form.pctprogressbar.Left() == 1000);
-    simulated::moveTo(player.mainWindow(), at.x + 171, at.y);
+    drag.by(171);
     CHECK(form.pctprogressbar.Left() == 3550);
     world.media.forgetCommands();
     simulated::release();
@@ -220,8 +230,8 @@ TEST_CASE("a thumb released past the end of its bar skips to the next track") {
 TEST_CASE("the thumb's place decides, not the position: far right in one move is still a seek") {
     Player player;
     playAt(player, 200'000, 50'000);
-    const platform::Point at = pressThumbAt(player, 1000);
-    simulated::moveTo(player.mainWindow(), at.x + 400, at.y);
+    const Drag drag = pressThumbAt(player, 1000);
+    drag.by(400);
     world.media.forgetCommands();
     simulated::release();
     CHECK(commandsSent() == Commands{"seek mpeg to 422671", "Play mpeg"});
@@ -256,12 +266,12 @@ TEST_CASE("a drag to before the start seeks to the start") {
     playAt(player, 200'000, 1'000);
     FrmPlayer& form = player.frmPlayer();
     form.showElapsed = runtime::True16;
-    const platform::Point at = pressThumbAt(player, 256);
-    simulated::moveTo(player.mainWindow(), at.x - 50, at.y);
+    const Drag drag = pressThumbAt(player, 256);
+    drag.by(-50);
     CHECK(form.trackPositionSeconds < 0);
     CHECK(player.frmPlaylist().lblTitle.Caption() == "-46 / 200");
     CHECK(form.lblTimenow.Caption() == "00:-46");
-    simulated::moveTo(player.mainWindow(), at.x - 51, at.y);
+    drag.by(-51);
     CHECK(form.pctprogressbar.Left() < 240);
     world.media.forgetCommands();
     simulated::release();
@@ -273,8 +283,8 @@ TEST_CASE("a remaining time dragged past the end begins with two minus signs") {
     Player player;
     playAt(player, 200'000, 199'000);
     FrmPlayer& form = player.frmPlayer();
-    const platform::Point at = pressThumbAt(player, 3444);
-    simulated::moveTo(player.mainWindow(), at.x + 71, at.y);
+    const Drag drag = pressThumbAt(player, 3444);
+    drag.by(71);
     CHECK(form.lblTimenow.Caption() == "--01:-05");
 }
 
@@ -282,7 +292,7 @@ TEST_CASE("press and release of the thumb while paused sets the device playing, 
     Player player;
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
-    behaviour::clickOn(player.mainWindow(), form.pctpause);
+    player.click(form.pctpause);
     pressThumbAt(player, 1000);
     world.media.forgetCommands();
     simulated::release();
@@ -295,7 +305,7 @@ TEST_CASE("press and release of the thumb while paused sets the device playing, 
     simulated::advance(3000);
     CHECK(form.lblTimenow.Caption() == time);
     // The pause key sets the word right, and from then on the texts tell what sounds.
-    behaviour::clickOn(player.mainWindow(), form.pctpausedown);
+    player.click(form.pctpausedown);
     CHECK(player.status() == "Playing");
     CHECK_FALSE(form.pctpausedown.Visible());
     simulated::advance(966);
@@ -339,10 +349,9 @@ TEST_CASE("after a drag the next tick puts the thumb where the track is") {
     world.media.reportPosition({});
     simulated::advance(20'000);
     FrmPlayer& form = player.frmPlayer();
-    const platform::Point at = behaviour::middleOf(form.pctprogressbar);
-    simulated::pressAt(player.mainWindow(), at.x, at.y);
-    simulated::moveTo(player.mainWindow(), at.x + 40, at.y);
-    simulated::moveTo(player.mainWindow(), at.x + 40, at.y + 1);
+    const Drag drag = pressThumb(player);
+    drag.by(40);
+    drag.by(40, 1);
     simulated::release();
     const double sought = form.trackPositionSeconds.toDouble();
     CHECK(sought > 50.0);
@@ -371,9 +380,8 @@ TEST_CASE("a thumb dragged along a track without length is the fatal end") {
     Player player;
     playAt(player, 200'000, 0);
     world.media.answer("status mpeg length", "0");
-    const platform::Point at = pressThumbAt(player, 240);
-    const auto message =
-        fatalMessageOf([&] { simulated::moveTo(player.mainWindow(), at.x + 1, at.y); });
+    const Drag drag = pressThumbAt(player, 240);
+    const auto message = fatalMessageOf([&] { drag.by(1); });
     REQUIRE(message);
     CHECK(message->starts_with("Run-time error 6: "));
 }
@@ -381,9 +389,8 @@ TEST_CASE("a thumb dragged along a track without length is the fatal end") {
 TEST_CASE("a position beyond 32767 seconds is too large for the playlist's text") {
     Player player;
     playAt(player, 32'000'000, 31'000'000);
-    const platform::Point at = pressThumbAt(player, 3000);
-    const auto message =
-        fatalMessageOf([&] { simulated::moveTo(player.mainWindow(), at.x + 30, at.y); });
+    const Drag drag = pressThumbAt(player, 3000);
+    const auto message = fatalMessageOf([&] { drag.by(30); });
     REQUIRE(message);
     CHECK(message->starts_with("Run-time error 6: "));
 }
