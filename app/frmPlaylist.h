@@ -1,6 +1,6 @@
 #pragma once
 
-#include "movement/docking.h"
+#include "runtime/bool16.h"
 #include "runtime/integers.h"
 #include "toolkit/form.h"
 #include "toolkit/image.h"
@@ -11,7 +11,7 @@
 struct ModMain;
 
 /// The playlist window. It holds the list, its own keys and the dock flags, and no logic of its
-/// own: its keys call into frmPlayer.
+/// own: its keys call into frmPlayer. Interface thread.
 class FrmPlaylist {
   public:
     explicit FrmPlaylist(ModMain& shared);
@@ -28,29 +28,23 @@ class FrmPlaylist {
     // Declared behind its controls: it is taken down before them.
     toolkit::Form window;
 
+    void Form_MouseDown();
+    void Form_MouseMove();
+    void Form_MouseUp();
+    /// The stop key's release, behind the flip of the key.
     void pctPlsStop_MouseUp();
-
-    runtime::Bool16 playlistdockX; ///< docked above or below the main window
-    runtime::Bool16 playlistdockY; ///< docked to the left or right of the main window
+    void pctPlsPause_MouseDown();
+    void pctPlsPauseDown_MouseDown();
 
     /// Pulls a window's place, in pixels, to the edges of the work area.
     void frmMove(runtime::Int32& X, runtime::Int32& Y, toolkit::Form& frm);
 
-  private:
-    void layOut();
-    void connectKeys();
-    void connectScrollKeys();
-    void connectDrag();
-    void connectTitleKeys();
-    void pctPlsPause_MouseDown();
-    void pctPlsPauseDown_MouseDown();
-    void Form_MouseDown();
-    void Form_MouseMove();
-    void liftPlaylistKey();
-    void minimise();
-
-    ModMain& shared_;
+    ModMain& modMain;
+    runtime::Bool16 playlistdockX; ///< docked above or below the main window
+    runtime::Bool16 playlistdockY; ///< docked to the left or right of the main window
     runtime::Bool16 playlistDragging;
-    docking::Place dragStart; ///< the window's place at the press
-    docking::Place drag;      ///< where the latest move puts it
+    runtime::Int32 dragStartLeft; ///< the window's place at the press, pixels
+    runtime::Int32 dragStartTop;
+    runtime::Int32 dragLeft; ///< where the latest move puts it
+    runtime::Int32 dragTop;
 };

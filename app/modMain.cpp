@@ -3,6 +3,8 @@
 #include "app/window_shapes.h"
 #include "platform/regions.h"
 #include "platform/system.h"
+#include "playback/Mpeg.h"
+#include "shell/AboutBox.h"
 #include "toolkit/app.h"
 
 namespace {
@@ -11,7 +13,17 @@ namespace {
 constexpr toolkit::Twips windowWidth = 4140;
 constexpr toolkit::Twips windowHeight = 1230;
 
+void shapeWindows(ModMain& program) {
+    // A relic of an older shape, without effect on the screen; the sequence keeps it.
+    platform::CreateRoundRectRgn(0, 0, 378, 220, 20, 20);
+    shapeMainWindow(program.frmPlayer.window);
+    shapePlaylistWindow(program.frmPlaylist.window);
+}
+
 } // namespace
+
+ModMain::ModMain() = default;
+ModMain::~ModMain() = default;
 
 void ModMain::Main() {
     if (toolkit::App::PrevInstance()) return;
@@ -26,7 +38,7 @@ void ModMain::Main() {
     platform::SystemParametersInfoA(platform::SPI_GETWORKAREA, 0, &workArea, 0);
     // Without a wave device the player carries on all the same.
     engine->DevicesPresent();
-    shapeWindows();
+    shapeWindows(*this);
 }
 
 AboutBox& ModMain::aboutBox() {
@@ -34,9 +46,6 @@ AboutBox& ModMain::aboutBox() {
     return *aboutBox_;
 }
 
-void ModMain::shapeWindows() {
-    // A relic of an older shape, without effect on the screen; the sequence keeps it.
-    platform::CreateRoundRectRgn(0, 0, 378, 220, 20, 20);
-    shapeMainWindow(frmPlayer.window);
-    shapePlaylistWindow(frmPlaylist.window);
-}
+Mpeg& FrmPlayer::engine() const { return *modMain.engine; }
+
+FrmPlaylist& FrmPlayer::playlist() const { return modMain.frmPlaylist; }

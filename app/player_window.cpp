@@ -1,7 +1,11 @@
 #include "app/frmPlayer.h"
 #include "app/pictures.h"
+#include "mainwindow/keys.h"
 #include "shell/clsSysTray.h"
-#include "toolkit/guard.h"
+#include "shell/menus.h"
+#include "toolkit/dir_list_box.h"
+#include "toolkit/event_loop.h"
+#include "toolkit/list_box.h"
 #include "toolkit/window_table.h"
 
 namespace {
@@ -74,40 +78,42 @@ toolkit::FormData data() {
     return form;
 }
 
+/// Connects all events but those of the keys.
+void connectEvents(FrmPlayer& p) {
+    p.window.Load = [&p] { p.Form_Load(); };
+    p.window.QueryUnload = [&p] { p.Form_QueryUnload(); };
+    // What the system closes is gone for good: nothing visible would be left to run.
+    p.window.ClosedBySystem = [] { toolkit::leaveEventLoop(); };
+    p.window.MouseDown = [&p](const toolkit::MouseArguments& at) { p.Form_MouseDown(at); };
+    p.window.MouseMove = [&p](const auto&) { p.Form_MouseMove(); };
+    p.window.MouseUp = [&p](const auto&) { p.Form_MouseUp(); };
+    p.Timer1.Tick = [&p] { p.Timer1_Timer(); };
+    p.lblRepeat.Click = [&p] { p.lblRepeat_Click(); };
+    p.lblShuffle.Click = [&p] { p.lblShuffle_Click(); };
+    p.lblTimenow.Click = [&p] { p.lblTimenow_Click(); };
+    p.pctprogressbar.MouseDown = [&p](const auto&) { p.pctprogressbar_MouseDown(); };
+    p.pctprogressbar.MouseMove = [&p](const auto&) { p.pctprogressbar_MouseMove(); };
+    p.pctprogressbar.MouseUp = [&p](const auto&) { p.pctprogressbar_MouseUp(); };
+    p.pctvolume.MouseDown = [&p](const auto&) { p.pctvolume_MouseDown(); };
+    p.pctvolume.MouseMove = [&p](const auto&) { p.pctvolume_MouseMove(); };
+    p.pctvolume.MouseUp = [&p](const auto&) { p.pctvolume_MouseUp(); };
+    p.lblHr.MouseDown = [&p](const auto&) { p.lblHr_MouseDown(); };
+    p.lblHr.MouseUp = [&p](const auto&) { p.lblHr_MouseUp(); };
+    p.lblMin.MouseDown = [&p](const auto&) { p.lblMin_MouseDown(); };
+    p.lblMin.MouseUp = [&p](const auto&) { p.lblMin_MouseUp(); };
+    p.cmdSet.Click = [&p] { p.cmdSet_Click(); };
+}
+
 } // namespace
 
-FrmPlayer::FrmPlayer(ModMain& shared) : window(data()), shared_(shared) {
-    layOut();
-    connectEvents();
-}
-
-FrmPlayer::~FrmPlayer() = default;
-
-void FrmPlayer::connectEvents() {
-    window.Load = [this] { Form_Load(); };
-    window.QueryUnload = [this] { Form_QueryUnload(); };
-    // What the system closes is gone for good: nothing visible would be left to run.
-    window.ClosedBySystem = [this] {
-        closedBySystem = true;
-        toolkit::leaveEventLoop();
-    };
-    Timer1.Tick = [this] { Timer1_Timer(); };
-    lblRepeat.Click = [this] { lblRepeat_Click(); };
-    lblShuffle.Click = [this] { lblShuffle_Click(); };
-    lblTimenow.Click = [this] { lblTimenow_Click(); };
-    connectKeys();
-    connectCoveredKeys();
-    connectSeekBar();
-    connectVolume();
-    connectAlarm();
-    connectDrag();
-    connectPlaylistKey();
-    createMenus();
-}
-
-void FrmPlayer::layOut() {
+FrmPlayer::FrmPlayer(ModMain& shared) : window(data()), modMain(shared) {
     Timer1.attach(window, tickInterval, false);
     window.add(Timer1);
     toolkit::layOut<W>(*this, window, controls, skinPicture);
     toolkit::setTexts<W>(*this, texts);
+    connectEvents(*this);
+    connectKeys(*this);
+    createMenus(*this);
 }
+
+FrmPlayer::~FrmPlayer() = default;

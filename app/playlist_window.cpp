@@ -1,6 +1,8 @@
 #include "app/frmPlaylist.h"
 #include "app/modMain.h"
 #include "app/pictures.h"
+#include "movement/playlist_visibility.h"
+#include "playlist/playlist_keys.h"
 #include "toolkit/window_table.h"
 
 namespace {
@@ -59,16 +61,14 @@ toolkit::FormData data() {
 
 } // namespace
 
-FrmPlaylist::FrmPlaylist(ModMain& shared) : window(data()), shared_(shared) {
-    layOut();
-    connectKeys();
-    connectScrollKeys();
-    connectDrag();
-    connectTitleKeys();
-}
-
-void FrmPlaylist::layOut() {
+FrmPlaylist::FrmPlaylist(ModMain& shared) : window(data()), modMain(shared) {
     toolkit::layOut<W>(*this, window, controls, skinPicture);
     toolkit::setTexts<W>(*this, texts);
     List1.setText(listFont, toolkit::LightBlue);
+    window.MouseDown = [this](const auto&) { Form_MouseDown(); };
+    window.MouseMove = [this](const auto&) { Form_MouseMove(); };
+    window.MouseUp = [this](const auto&) { Form_MouseUp(); };
+    // A session that ends closes every window, and the dock has yet to be saved.
+    window.CloseWished = [this] { minimisePlaylist(*this); };
+    connectKeys(*this);
 }

@@ -1,8 +1,8 @@
 #include "app/settings.h"
 
-#include "playback/text_helpers.h"
 #include "runtime/number_text.h"
 #include "runtime/rounding.h"
+#include "runtime/text.h"
 
 #include <algorithm>
 #include <array>
@@ -26,7 +26,7 @@ float singleOf(const std::string& text, char decimalSign) {
 }
 
 runtime::Bool16 flagOf(const std::string& text, char decimalSign) {
-    return runtime::numberOf(text, decimalSign) != 0 ? runtime::True16 : runtime::False16;
+    return runtime::numberOf(text, decimalSign) != 0;
 }
 
 } // namespace
@@ -35,17 +35,18 @@ bool hasPresentVersion(const std::string& line) {
     return runtime::numberOf(line.substr(0, 1), '.') == presentVersion;
 }
 
-Fields read(std::string line, char decimalSign) {
+Found read(std::string line, char decimalSign) {
     FieldTexts texts;
     for (std::string& text : texts)
-        text = nextField(line, FieldEnd);
+        text = runtime::nextField(line, FieldEnd);
     const auto number = [&](std::size_t i) { return runtime::numberOf(texts[i], decimalSign); };
-    Fields fields;
+    Found found;
+    Fields& fields = found.fields;
     fields.volumeLevel = number(1);
-    fields.hasVolumeThumb = texts[2] != "0";
+    found.hasVolumeThumb = texts[2] != "0";
     fields.volumeThumbLeft = runtime::roundToInt32(number(2));
-    fields.hasTrackList = !texts[3].empty();
-    if (fields.hasTrackList) fields.tracks = splitTracks(texts[3], fields.trackListRest);
+    found.hasTrackList = !texts[3].empty();
+    if (found.hasTrackList) fields.tracks = splitTracks(texts[3], found.trackListRest);
     fields.playerLeft = singleOf(texts[4], decimalSign);
     fields.playerTop = singleOf(texts[5], decimalSign);
     fields.playlistLeft = singleOf(texts[11], decimalSign);
@@ -55,7 +56,7 @@ Fields read(std::string line, char decimalSign) {
     fields.lastFolder = texts[8];
     fields.playlistdockX = flagOf(texts[9], decimalSign);
     fields.playlistdockY = flagOf(texts[10], decimalSign);
-    return fields;
+    return found;
 }
 
 std::string write(const Fields& fields, char decimalSign) {
@@ -70,8 +71,8 @@ std::string write(const Fields& fields, char decimalSign) {
         textOf(fields.alarmHour),
         textOf(fields.alarmMinute),
         fields.lastFolder,
-        textOf(fields.playlistdockX),
-        textOf(fields.playlistdockY),
+        textOf(runtime::Int16(fields.playlistdockX.value())),
+        textOf(runtime::Int16(fields.playlistdockY.value())),
         textOf(fields.playlistLeft, decimalSign),
         textOf(fields.playlistTop, decimalSign),
     };
@@ -97,7 +98,7 @@ std::vector<std::string> splitTracks(const std::string& field, std::string& rest
     const runtime::Int16 limit(rest.size());
     std::vector<std::string> paths;
     for (runtime::Int16 round = 0; round < limit; round += 1) {
-        std::string path = nextField(rest, '\0');
+        std::string path = runtime::nextField(rest, '\0');
         if (path.empty()) break;
         paths.push_back(std::move(path));
     }

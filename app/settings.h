@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/bool16.h"
 #include "runtime/integers.h"
 
 #include <string>
@@ -14,10 +15,7 @@ inline constexpr char FieldEnd = '*';
 struct Fields {
     double volumeLevel = 0;
     runtime::Int32 volumeThumbLeft;  ///< twips
-    bool hasVolumeThumb = true;      ///< false when the field read was exactly "0"; not written
     std::vector<std::string> tracks; ///< full paths in list order
-    bool hasTrackList = false;       ///< true when the field read wasn't empty; not written
-    std::string trackListRest;       ///< what was left of the field after its last path
     float playerLeft = 0;            ///< twips
     float playerTop = 0;
     runtime::Int16 alarmHour;
@@ -27,6 +25,14 @@ struct Fields {
     runtime::Bool16 playlistdockY;
     float playlistLeft = 0;
     float playlistTop = 0;
+};
+
+/// What only a reader finds, beside the fields.
+struct Found {
+    Fields fields;
+    bool hasVolumeThumb = true; ///< false when that field was exactly "0"
+    bool hasTrackList = false;  ///< true when that field wasn't empty
+    std::string trackListRest;  ///< what was left of it after its last path
 };
 
 /// Lines shorter than this are ignored without a look at their version.
@@ -39,7 +45,7 @@ bool hasPresentVersion(const std::string& line);
 /// Takes a line of the present version apart, in the order in which its fields are applied. Error 6
 /// for a missing or a far too long field and for a number out of range, error 13 for a number that
 /// isn't one in this locale.
-Fields read(std::string line, char decimalSign);
+Found read(std::string line, char decimalSign);
 
 /// The line for these fields.
 std::string write(const Fields& fields, char decimalSign);

@@ -1,10 +1,13 @@
+#include "app/settings_file.h"
+
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
 #include "app/modMain.h"
 #include "app/settings.h"
-#include "platform/files.h"
-#include "playback/text_helpers.h"
+#include "playback/track_list.h"
+#include "runtime/text.h"
 #include "toolkit/app.h"
+#include "toolkit/files.h"
 #include "toolkit/msgbox.h"
 
 namespace {
@@ -14,16 +17,62 @@ constexpr const char* oldSettingsFile = "c:\\MyPlayerSettings.txt";
 
 std::string settingsPath() { return toolkit::App::Path() + "\\MyPlayerSettings.mps"; }
 
+void takeTracks(FrmPlayer& player, const settings::Found& found) {
+    player.savedTrackList = found.trackListRest;
+    for (const std::string& path : found.fields.tracks)
+        addTrack(player, path, runtime::fileTitleOf(path));
+    player.playlist().List1.ListIndex(0);
+}
+
+void apply(FrmPlayer& player, const settings::Found& found) {
+    const settings::Fields& fields = found.fields;
+    FrmPlaylist& playlist = player.playlist();
+    player.volumeLevel = fields.volumeLevel;
+    if (found.hasVolumeThumb) {
+        player.pctvolume.Left(static_cast<float>(fields.volumeThumbLeft.value()));
+        player.volumeThumbLeft = fields.volumeThumbLeft;
+    }
+    if (found.hasTrackList) takeTracks(player, found);
+    player.window.Left(fields.playerLeft);
+    player.window.Top(fields.playerTop);
+    playlist.window.Left(fields.playlistLeft);
+    playlist.window.Top(fields.playlistTop);
+    player.alarmHour = fields.alarmHour;
+    player.alarmMinute = fields.alarmMinute;
+    if (!fields.lastFolder.empty()) player.lastFolder = fields.lastFolder;
+    playlist.playlistdockX = fields.playlistdockX;
+    playlist.playlistdockY = fields.playlistdockY;
+}
+
+settings::Fields fieldsOf(FrmPlayer& player) {
+    FrmPlaylist& playlist = player.playlist();
+    settings::Fields fields;
+    for (runtime::Int16 i = 0; i < player.trackCount; i += 1)
+        fields.tracks.push_back(player.trackPaths[i]);
+    fields.volumeLevel = player.volumeLevel;
+    fields.volumeThumbLeft = player.volumeThumbLeft;
+    fields.playerLeft = player.window.Left();
+    fields.playerTop = player.window.Top();
+    fields.alarmHour = player.alarmHour;
+    fields.alarmMinute = player.alarmMinute;
+    fields.lastFolder = player.lastFolder;
+    fields.playlistdockX = playlist.playlistdockX;
+    fields.playlistdockY = playlist.playlistdockY;
+    fields.playlistLeft = playlist.window.Left();
+    fields.playlistTop = playlist.window.Top();
+    return fields;
+}
+
 } // namespace
 
 std::string FrmPlayer::readSettingsLine() {
     std::string line;
     int error = 0;
     try {
-        settingsFileNumber = shared_.files.FreeFile();
-        shared_.files.OpenForInput(settingsFileNumber, settingsPath());
-        line = shared_.files.LineInput(settingsFileNumber);
-        shared_.files.Close(settingsFileNumber);
+        settingsFileNumber = modMain.files.FreeFile();
+        modMain.files.OpenForInput(settingsFileNumber, settingsPath());
+        line = modMain.files.LineInput(settingsFileNumber);
+        modMain.files.Close(settingsFileNumber);
     } catch (const runtime::NumberedError& raised) {
         error = raised.number;
     }
@@ -32,65 +81,26 @@ std::string FrmPlayer::readSettingsLine() {
     return line;
 }
 
-/// A line that can't be taken is the fatal end; its message names the file to put right.
-void FrmPlayer::takeSettings(const std::string& line) {
-    if (line.size() < settings::ShortestLine) return;
+void settings::take(FrmPlayer& player, const std::string& line) {
+    if (line.size() < ShortestLine) return;
     try {
-        applySettings(line);
+        if (hasPresentVersion(line))
+            apply(player, read(line, toolkit::App::DecimalSign()));
+        else
+            toolkit::Files::Kill(oldSettingsFile);
     } catch (runtime::NumberedError& error) {
-        error.detail = platform::pathForPeople(settingsPath());
+        // The fatal end tells its user which file to put right.
+        error.detail = toolkit::Files::forPeople(settingsPath());
         throw;
     }
 }
 
-void FrmPlayer::applySettings(const std::string& line) {
-    if (!settings::hasPresentVersion(line)) {
-        runtime::raiseIfFailed(platform::deleteFile(oldSettingsFile));
-        return;
-    }
-    const settings::Fields fields = settings::read(line, toolkit::App::DecimalSign());
-    volumeLevel = fields.volumeLevel;
-    if (fields.hasVolumeThumb) {
-        pctvolume.Left(static_cast<float>(fields.volumeThumbLeft.value()));
-        volumeThumbLeft = fields.volumeThumbLeft;
-    }
-    if (fields.hasTrackList) takeSavedTracks(fields);
-    window.Left(fields.playerLeft);
-    window.Top(fields.playerTop);
-    playlist().window.Left(fields.playlistLeft);
-    playlist().window.Top(fields.playlistTop);
-    alarmHour = fields.alarmHour;
-    alarmMinute = fields.alarmMinute;
-    if (!fields.lastFolder.empty()) lastFolder = fields.lastFolder;
-    playlist().playlistdockX = fields.playlistdockX;
-    playlist().playlistdockY = fields.playlistdockY;
-}
-
-void FrmPlayer::takeSavedTracks(const settings::Fields& fields) {
-    savedTrackList = fields.trackListRest;
-    for (const std::string& path : fields.tracks)
-        addTrack(path, fileTitleOf(path));
-    playlist().List1.ListIndex(0);
-}
-
-void FrmPlayer::writeSettings() {
-    settings::Fields fields;
-    for (runtime::Int16 i = 0; i < trackCount; i += 1)
-        fields.tracks.push_back(trackPaths[i]);
-    fields.volumeLevel = volumeLevel;
-    fields.volumeThumbLeft = volumeThumbLeft;
-    fields.playerLeft = window.Left();
-    fields.playerTop = window.Top();
-    fields.alarmHour = alarmHour;
-    fields.alarmMinute = alarmMinute;
-    fields.lastFolder = lastFolder;
-    fields.playlistdockX = playlist().playlistdockX;
-    fields.playlistdockY = playlist().playlistdockY;
-    fields.playlistLeft = playlist().window.Left();
-    fields.playlistTop = playlist().window.Top();
-    const std::string line = settings::write(fields, toolkit::App::DecimalSign());
-    settingsFileNumber = shared_.files.FreeFile();
-    shared_.files.OpenForOutput(settingsFileNumber, settingsPath());
-    shared_.files.PrintLine(settingsFileNumber, line);
-    shared_.files.Close(settingsFileNumber);
+void settings::save(FrmPlayer& player) {
+    const std::string SettingsLine = write(fieldsOf(player), toolkit::App::DecimalSign());
+    runtime::Int16& number = player.settingsFileNumber;
+    toolkit::TextFiles& files = player.modMain.files;
+    number = files.FreeFile();
+    files.OpenForOutput(number, settingsPath());
+    files.PrintLine(number, SettingsLine);
+    files.Close(number);
 }

@@ -1,10 +1,13 @@
 #include "app/frmPlayer.h"
+#include "app/settings_file.h"
 #include "playback/Mpeg.h"
 #include "shell/clsSysTray.h"
-#include "toolkit/guard.h"
+#include "toolkit/dir_list_box.h"
+#include "toolkit/event_loop.h"
+#include "toolkit/list_box.h"
 
 void FrmPlayer::unloadmebaby() {
-    endIfClosed();
+    window.endIfGone();
     gSysTray->RemoveFromSysTray();
     window.Unload();
     toolkit::endProgram();
@@ -13,7 +16,7 @@ void FrmPlayer::unloadmebaby() {
 /// Runs before the window closes, whoever closes it; closing is never refused. The settings go
 /// first, while everything still stands as the user left it.
 void FrmPlayer::Form_QueryUnload() {
-    writeSettings();
+    settings::save(*this);
     gSysTray.reset();
     DirTemp.reset();
     ListDir.reset();

@@ -2,6 +2,7 @@
 // code, painting included, and queries of the device. Then the same for an idle player.
 #include "app/modMain.h"
 #include "platform/simulated/world.h"
+#include "playback/Mpeg.h"
 
 #include <chrono>
 #include <cstdio>

@@ -73,7 +73,7 @@ void readAlone(const std::string& line, char decimalSign) {
     if (line.size() < settings::ShortestLine) return;
     try {
         if (!settings::hasPresentVersion(line)) return;
-        const settings::Fields fields = settings::read(line, decimalSign);
+        const settings::Fields fields = settings::read(line, decimalSign).fields;
         require(settings::write(fields, decimalSign).starts_with("3*"), "a line without a version");
     } catch (const runtime::NumberedError& error) {
         const bool known =

@@ -1,57 +1,62 @@
+#include "mainwindow/keys.h"
+
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
-#include "app/modMain.h"
+#include "mainwindow/key_table.h"
+#include "movement/playlist_visibility.h"
+#include "playback/Mpeg.h"
+#include "shell/menus.h"
 
-/// Every key is a pair of images at one place. The press shows the down image; the release shows
-/// the key at rest and only then fires, wherever the pointer is and whatever the button.
-void FrmPlayer::connectKeys() {
-    pctprev.MouseDown = [this](const auto&) {
-        pctprevdown.Visible(true);
-        pctprev.Visible(false);
-    };
-    pctprev.MouseUp = [this](const auto&) {
-        pctprevdown.Visible(false);
-        pctprev.Visible(true);
-        prevfile();
-    };
-    pctnext.MouseDown = [this](const auto&) {
-        pctnext.Visible(false);
-        pctnextdown.Visible(true);
-    };
-    pctnext.MouseUp = [this](const auto&) {
-        pctnext.Visible(true);
-        pctnextdown.Visible(false);
-        nextfile();
-    };
-    pctstop.MouseDown = [this](const auto&) {
-        pctstopdown.Visible(true);
-        pctstop.Visible(false);
-    };
-    pctstop.MouseUp = [this](const auto&) { pctstop_MouseUp(); };
-    pctopen.MouseDown = [this](const auto&) { pctopen_MouseDown(); };
-    pctopen.MouseUp = [this](const auto&) { popUpOpenMenu(window); };
-    pctpause.MouseDown = [this](const auto&) { pctpause_MouseDown(); };
-    pctpausedown.MouseDown = [this](const auto&) { pctpausedown_MouseDown(); };
+namespace {
+
+using keys::Flip;
+using W = FrmPlayer;
+
+/// Three keys leave the up image shown; the down image covers it.
+const keys::KeyRow<W> table[] = {
+    {&W::pctprev, &W::pctprevdown, Flip::DownFirst, Flip::DownFirst, [](W& p) { p.prevfile(); }},
+    {&W::pctnext, &W::pctnextdown, Flip::UpFirst, Flip::UpFirst, [](W& p) { p.nextfile(); }},
+    {&W::pctstop, &W::pctstopdown, Flip::DownFirst, Flip::None, [](W& p) { p.pctstop_MouseUp(); }},
+    {&W::pctPlay, &W::pctplaydown, Flip::DownOnly, Flip::DownOnly, [](W& p) { p.startfile(); }},
+    {&W::pctminimise, &W::pctminimisedown, Flip::DownOnly, Flip::DownOnly,
+     [](W& p) { p.window.Hide(); }},
+    {&W::pctquit, &W::pctquitdown, Flip::DownOnly, Flip::DownOnly, [](W& p) { p.unloadmebaby(); }},
+};
+
+} // namespace
+
+void connectKeys(FrmPlayer& p) {
+    keys::connect<W>(p, table);
+    p.pctopen.MouseDown = [&p](const auto&) { p.pctopen_MouseDown(); };
+    p.pctopen.MouseUp = [&p](const auto&) { p.pctopen_MouseUp(); };
+    p.pctpause.MouseDown = [&p](const auto&) { p.pctpause_MouseDown(); };
+    p.pctpausedown.MouseDown = [&p](const auto&) { p.pctpausedown_MouseDown(); };
+    p.pctalarm.MouseDown = [&p](const auto&) { p.pctalarm_MouseDown(); };
+    p.pctalarm.MouseUp = [&p](const auto&) { p.pctalarm_MouseUp(); };
+    p.pctalarmdown.MouseDown = [&p](const auto&) { p.pctalarmdown_MouseDown(); };
+    p.pctplaylist.MouseDown = [&p](const auto&) { p.pctplaylist_MouseDown(); };
+    p.pctplaylistdown.MouseDown = [&p](const auto&) { p.pctplaylistdown_MouseDown(); };
 }
 
-/// Three pairs leave the up image shown; the down image covers it.
-void FrmPlayer::connectCoveredKeys() {
-    pctPlay.MouseDown = [this](const auto&) { pctplaydown.Visible(true); };
-    pctPlay.MouseUp = [this](const auto&) {
-        pctplaydown.Visible(false);
-        startfile();
-    };
-    pctminimise.MouseDown = [this](const auto&) { pctminimisedown.Visible(true); };
-    pctminimise.MouseUp = [this](const auto&) {
-        pctminimisedown.Visible(false);
-        window.Hide();
-    };
-    pctquit.MouseDown = [this](const auto&) { pctquitdown.Visible(true); };
-    pctquit.MouseUp = [this](const auto&) {
-        pctquitdown.Visible(false);
-        unloadmebaby();
-    };
+void releasePauseKeys(FrmPlayer& player) {
+    player.pctpausedown.Visible(false);
+    player.playlist().pctPlsPause.Visible(true);
+    player.playlist().pctPlsPauseDown.Visible(false);
 }
+
+void FrmPlayer::pctstop_MouseUp() {
+    keys::flip(pctstop, pctstopdown, Flip::DownFirst, false);
+    if (engine().Status() == "Paused") releasePauseKeys(*this);
+    engine().StopM();
+    lblTimenow.Visible(false);
+    pctprogressbar.Visible(false);
+    playlist().lblPlaying.Caption("");
+    playlist().lblTitle.Caption("");
+}
+
+void FrmPlayer::pctopen_MouseDown() { keys::flip(pctopen, pctopendown, Flip::UpFirst, true); }
+
+void FrmPlayer::pctopen_MouseUp() { popUpOpenMenu(*this, window); }
 
 void FrmPlayer::pctpause_MouseDown() {
     if (engine().Status() != "Playing") return;
@@ -64,4 +69,14 @@ void FrmPlayer::pctpausedown_MouseDown() {
     if (engine().Status() != "Paused") return;
     engine().PlayM();
     pctpausedown.Visible(false);
+}
+
+void FrmPlayer::pctplaylist_MouseDown() {
+    keys::flip(pctplaylist, pctplaylistdown, Flip::UpFirst, true);
+    showPlaylist(*this);
+}
+
+void FrmPlayer::pctplaylistdown_MouseDown() {
+    liftPlaylistKey(*this);
+    closePlaylist(playlist());
 }

@@ -1,6 +1,5 @@
 #include "mainwindow/seek.h"
 
-#include "playback/seek_travel.h"
 #include "runtime/rounding.h"
 
 namespace seek {

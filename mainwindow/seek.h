@@ -8,6 +8,14 @@
 /// device positions in thousandths of a second.
 namespace seek {
 
+inline constexpr float ThumbStart = 240;                    ///< thumb at the start of a track
+inline constexpr float ThumbTravel = 3220;                  ///< from the start to the end
+inline constexpr float ThumbEnd = ThumbStart + ThumbTravel; ///< beyond it lies the next track
+
+/// The rows of the window that belong to the seek bar, both ends included.
+inline constexpr float StripTop = 510;
+inline constexpr float StripBottom = 600;
+
 /// The distance that a drag stands for. The share taken off is the travel already made times the
 /// length over the bar's travel, not over the length: from about 54 minutes on it overshoots.
 runtime::Fixed dragOffset(std::int32_t pointerTravel, runtime::Fixed length,

@@ -1,25 +1,25 @@
 #include "movement/docking.h"
 
+#include "movement/drag_scale.h"
 #include "movement/snap.h"
 #include "runtime/rounding.h"
 
 namespace docking {
 namespace {
 
-constexpr double twipsAPixel = 15;
 constexpr double dockDistance = 15; // pixels
+using drags::pixelsOf;
 using snap::EdgeDistance;
 using snap::within;
-
-double pixels(float twips) { return static_cast<double>(twips) / twipsAPixel; }
 
 runtime::Int32 rounded(double value) { return runtime::roundToInt32(value); }
 
 /// A standing window's edges and size in pixels. Sums are made in twips.
 struct Edges {
-    explicit Edges(const Window& window)
-        : left(pixels(window.left)), top(pixels(window.top)),
-          right(pixels(window.left + window.width)), bottom(pixels(window.top + window.height)) {}
+    explicit Edges(const toolkit::Bounds& window)
+        : left(pixelsOf(window.left)), top(pixelsOf(window.top)),
+          right(pixelsOf(window.left + window.width)),
+          bottom(pixelsOf(window.top + window.height)) {}
     double left;
     double top;
     double right;
@@ -36,10 +36,10 @@ bool withinSingle(double value, double target) {
 
 } // namespace
 
-Contact pullTogether(const Place& wanted, const Place& raw, const Window& moving,
-                     const Window& still) {
-    const double width = pixels(moving.width);
-    const double height = pixels(moving.height);
+Contact pullTogether(const Place& wanted, const Place& raw, const toolkit::Bounds& moving,
+                     const toolkit::Bounds& still) {
+    const double width = pixelsOf(moving.width);
+    const double height = pixelsOf(moving.height);
     const Edges other(still);
     Contact result{wanted, false, false};
     runtime::Int32& x = result.place.x;
@@ -80,10 +80,10 @@ Contact pullTogether(const Place& wanted, const Place& raw, const Window& moving
     return result;
 }
 
-Pair moveStacked(Pair wanted, const Window& player, const Window& playlist,
+Pair moveStacked(Pair wanted, const toolkit::Bounds& player, const toolkit::Bounds& playlist,
                  const platform::Rect& workArea) {
-    const double playerHeight = pixels(player.height);
-    const double height = pixels(playlist.height);
+    const double playerHeight = pixelsOf(player.height);
+    const double height = pixelsOf(playlist.height);
     runtime::Int32& y = wanted.player.y;
     runtime::Int32& listY = wanted.playlist.y;
     if (player.top < playlist.top) {
@@ -102,14 +102,14 @@ Pair moveStacked(Pair wanted, const Window& player, const Window& playlist,
             y = rounded(workArea.bottom - height);
         }
     }
-    wanted.playlist.x = snap::horizontally(wanted.playlist.x, pixels(playlist.width), workArea);
+    wanted.playlist.x = snap::horizontally(wanted.playlist.x, pixelsOf(playlist.width), workArea);
     return wanted;
 }
 
-Pair moveSideBySide(Pair wanted, const Window& player, const Window& playlist,
+Pair moveSideBySide(Pair wanted, const toolkit::Bounds& player, const toolkit::Bounds& playlist,
                     const platform::Rect& workArea) {
-    const double width = pixels(player.width);
-    const double listWidth = pixels(playlist.width);
+    const double width = pixelsOf(player.width);
+    const double listWidth = pixelsOf(playlist.width);
     runtime::Int32& x = wanted.player.x;
     runtime::Int32& listX = wanted.playlist.x;
     if (player.left < playlist.left) {
@@ -129,16 +129,16 @@ Pair moveSideBySide(Pair wanted, const Window& player, const Window& playlist,
             x = rounded(workArea.right - width);
         }
     }
-    wanted.playlist.y = snap::vertically(wanted.playlist.y, pixels(playlist.height), workArea);
+    wanted.playlist.y = snap::vertically(wanted.playlist.y, pixelsOf(playlist.height), workArea);
     return wanted;
 }
 
-bool touchStacked(const Window& player, const Window& playlist) {
+bool touchStacked(const toolkit::Bounds& player, const toolkit::Bounds& playlist) {
     return player.height + player.top == playlist.top ||
            playlist.height + playlist.top == player.top;
 }
 
-bool touchSideBySide(const Window& player, const Window& playlist) {
+bool touchSideBySide(const toolkit::Bounds& player, const toolkit::Bounds& playlist) {
     return player.width + player.left == playlist.left ||
            playlist.width + playlist.left == player.left;
 }

@@ -2,18 +2,12 @@
 
 #include "platform/types.h"
 #include "runtime/integers.h"
+#include "toolkit/units.h"
 
 /// The rules for the two windows together, as pure functions of their places. Whole numbers are
-/// screen pixels.
+/// screen pixels;
+/// windows as they stand are in twips.
 namespace docking {
-
-/// A window as it stands, in twips.
-struct Window {
-    float left = 0;
-    float top = 0;
-    float width = 0;
-    float height = 0;
-};
 
 struct Place {
     runtime::Int32 x;
@@ -31,8 +25,8 @@ struct Contact {
 /// A window of `moving`'s size, wanted at `wanted` after the edges' snap and at `raw` before it,
 /// is pulled to a free window that stands still. Of the four sides the first that is near decides,
 /// also if the windows don't meet there; then it goes back to the raw place on that axis.
-Contact pullTogether(const Place& wanted, const Place& raw, const Window& moving,
-                     const Window& still);
+Contact pullTogether(const Place& wanted, const Place& raw, const toolkit::Bounds& moving,
+                     const toolkit::Bounds& still);
 
 /// Where both windows of a docked pair come to stand.
 struct Pair {
@@ -42,14 +36,14 @@ struct Pair {
 
 /// The pair, wanted at these places, at the edges of the work area. The sizes used differ from rule
 /// to rule on purpose. The playlist's free axis snaps by itself.
-Pair moveStacked(Pair wanted, const Window& player, const Window& playlist,
+Pair moveStacked(Pair wanted, const toolkit::Bounds& player, const toolkit::Bounds& playlist,
                  const platform::Rect& workArea);
-Pair moveSideBySide(Pair wanted, const Window& player, const Window& playlist,
+Pair moveSideBySide(Pair wanted, const toolkit::Bounds& player, const toolkit::Bounds& playlist,
                     const platform::Rect& workArea);
 
 /// Whether two windows touch exactly, above or below, whatever their sideways places.
-bool touchStacked(const Window& player, const Window& playlist);
+bool touchStacked(const toolkit::Bounds& player, const toolkit::Bounds& playlist);
 /// Whether they touch exactly, to the left or right, whatever their heights.
-bool touchSideBySide(const Window& player, const Window& playlist);
+bool touchSideBySide(const toolkit::Bounds& player, const toolkit::Bounds& playlist);
 
 } // namespace docking

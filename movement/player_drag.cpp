@@ -1,74 +1,77 @@
+#include "movement/player_drag.h"
+
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
 #include "app/modMain.h"
 #include "movement/docking.h"
+#include "movement/drag_scale.h"
 #include "movement/form_places.h"
 #include "movement/snap.h"
-#include "toolkit/guard.h"
+#include "platform/system.h"
+#include "toolkit/event_loop.h"
 
 namespace {
 
-/// The rows of the window that belong to the seek bar, in twips, both ends included.
-constexpr toolkit::Twips stripTop = 510;
-constexpr toolkit::Twips stripBottom = 600;
+/// What the rules for the two windows make of a move. `raw` is the main window's place before the
+/// edges' snap and `list` the playlist's. A docked playlist travels along, and moves first; a free
+/// one pulls the main window to itself.
+void dragWithPlaylist(FrmPlayer& player, const docking::Place& raw, const docking::Place& list) {
+    FrmPlaylist& playlist = player.playlist();
+    const docking::Place wanted{player.dragLeft, player.dragTop};
+    const toolkit::Bounds own = places::boundsOf(player.window);
+    const toolkit::Bounds other = places::boundsOf(playlist.window);
+    docking::Place place;
+    if (playlist.playlistdockX || playlist.playlistdockY) {
+        const auto rule = playlist.playlistdockX ? docking::moveStacked : docking::moveSideBySide;
+        docking::Pair pair = rule({wanted, list}, own, other, player.modMain.workArea);
+        place = pair.player;
+        places::move(playlist.window, pair.playlist);
+    } else {
+        const docking::Contact contact = docking::pullTogether(wanted, raw, own, other);
+        place = contact.place;
+        player.pendingDockX = contact.stacked;
+        player.pendingDockY = contact.sideBySide;
+    }
+    player.dragLeft = place.x;
+    player.dragTop = place.y;
+}
 
 } // namespace
 
-void FrmPlayer::connectDrag() {
-    window.MouseDown = [this](const toolkit::MouseArguments& at) { Form_MouseDown(at); };
-    window.MouseMove = [this](const auto&) { Form_MouseMove(); };
-    window.MouseUp = [this](const auto&) { Form_MouseUp(); };
-}
-
-void FrmPlayer::Form_MouseDown(const toolkit::MouseArguments& at) {
-    if (at.Y >= stripTop && at.Y <= stripBottom) return clickSeekStrip(at.X);
-    dragStart = places::placeOf(window);
-    playlistStart = places::placeOf(playlist().window);
-    mouseHeld = runtime::True16;
-    platform::GetCursorPos(&shared_.dragCursorStart);
+void beginDrag(FrmPlayer& player) {
+    const docking::Place own = places::placeOf(player.window);
+    player.dragStartLeft = own.x;
+    player.dragStartTop = own.y;
+    const docking::Place list = places::placeOf(player.playlist().window);
+    player.playlistStartLeft = list.x;
+    player.playlistStartTop = list.y;
+    player.mouseHeld = true;
+    platform::GetCursorPos(&player.modMain.dragCursorStart);
 }
 
 /// Every move starts over from the press, so a snap never adds up and lets go by itself.
 void FrmPlayer::Form_MouseMove() {
-    if (mouseHeld == runtime::False16) return;
-    pendingDockX = runtime::False16;
-    pendingDockY = runtime::False16;
-    platform::GetCursorPos(&shared_.dragCursorNow);
-    const docking::Place raw =
-        places::moved(dragStart, shared_.dragCursorStart, shared_.dragCursorNow);
-    const docking::Place list =
-        places::moved(playlistStart, shared_.dragCursorStart, shared_.dragCursorNow);
-    drag = raw;
-    frmMove(drag.x, drag.y, window);
-    if (playlist().window.Visible()) dragWithPlaylist(raw, list);
-    places::move(window, drag);
+    if (!mouseHeld) return;
+    pendingDockX = false;
+    pendingDockY = false;
+    const platform::Point& from = modMain.dragCursorStart;
+    platform::Point& to = modMain.dragCursorNow;
+    platform::GetCursorPos(&to);
+    const docking::Place raw = places::moved({dragStartLeft, dragStartTop}, from, to);
+    const docking::Place list = places::moved({playlistStartLeft, playlistStartTop}, from, to);
+    dragLeft = raw.x;
+    dragTop = raw.y;
+    frmMove(dragLeft, dragTop, window);
+    if (playlist().window.Visible()) dragWithPlaylist(*this, raw, list);
+    places::move(window, {dragLeft, dragTop});
     toolkit::yieldInDrag();
-}
-
-/// A docked playlist travels along, and moves first; a free one pulls the main window to itself.
-void FrmPlayer::dragWithPlaylist(const docking::Place& raw, const docking::Place& list) {
-    toolkit::Form& other = playlist().window;
-    const docking::Window player = places::windowOf(window);
-    const docking::Window still = places::windowOf(other);
-    const bool stacked = playlist().playlistdockX != runtime::False16;
-    if (stacked || playlist().playlistdockY != runtime::False16) {
-        const auto rule = stacked ? docking::moveStacked : docking::moveSideBySide;
-        const docking::Pair pair = rule({drag, list}, player, still, shared_.workArea);
-        drag = pair.player;
-        places::move(other, pair.playlist);
-        return;
-    }
-    const docking::Contact contact = docking::pullTogether(drag, raw, player, still);
-    drag = contact.place;
-    if (contact.stacked) pendingDockX = runtime::True16;
-    if (contact.sideBySide) pendingDockY = runtime::True16;
 }
 
 /// What is pending is not cleared here: a press and release without a move repeats it.
 void FrmPlayer::Form_MouseUp() {
-    mouseHeld = runtime::False16;
-    if (pendingDockX != runtime::False16) playlist().playlistdockX = runtime::True16;
-    if (pendingDockY != runtime::False16) playlist().playlistdockY = runtime::True16;
+    mouseHeld = false;
+    if (pendingDockX) playlist().playlistdockX = true;
+    if (pendingDockY) playlist().playlistdockY = true;
 }
 
 void FrmPlayer::frmMove(runtime::Int32& X, runtime::Int32& Y, toolkit::Form& frm) {
@@ -77,9 +80,9 @@ void FrmPlayer::frmMove(runtime::Int32& X, runtime::Int32& Y, toolkit::Form& frm
 }
 
 void FrmPlayer::frmMoveX(runtime::Int32& X, toolkit::Form& frm) {
-    X = snap::horizontally(X, places::pixelsOf(frm.Width()), shared_.workArea);
+    X = snap::horizontally(X, drags::pixelsOf(frm.Width()), modMain.workArea);
 }
 
 void FrmPlayer::frmMoveY(runtime::Int32& Y, toolkit::Form& frm) {
-    Y = snap::vertically(Y, places::pixelsOf(frm.Height()), shared_.workArea);
+    Y = snap::vertically(Y, drags::pixelsOf(frm.Height()), modMain.workArea);
 }

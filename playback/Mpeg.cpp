@@ -2,8 +2,16 @@
 
 #include "platform/media.h"
 #include "platform/system.h"
+#include "runtime/fixed_text.h"
 #include "runtime/number_text.h"
 #include "runtime/rounding.h"
+
+namespace {
+
+using runtime::FixedText;
+using CommandText = FixedText<255>;
+
+} // namespace
 
 /// Sends a command that wants no reply. The device's error text is fetched and dropped: no media
 /// error is ever shown.

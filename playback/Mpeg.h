@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/types.h"
-#include "playback/fixed_text.h"
 #include "runtime/integers.h"
 
 #include <string>
@@ -48,8 +47,6 @@ class Mpeg {
     void AdjustVolume(double volume);
 
   private:
-    using CommandText = FixedText<255>;
-
     bool send(const char* command);
     runtime::Int32 ask(const char* command);
 

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "runtime/dynamic_array.h"
-
 #include <string>
 
-/// The full path of each track, in list order; never allocated until the first track is added. Its
-/// upper bound may lie above the last track: only `trackCount` says what counts.
-using TrackPaths = runtime::DynamicArray<std::string>;
+class FrmPlayer;
+
+/// Adds a track: its path to the player's array, its title to the playlist, then the count. Error 6
+/// for the 32768th. Every way of adding takes its tracks here: what they do in another order can't
+/// be seen from outside. Interface thread.
+void addTrack(FrmPlayer& player, const std::string& path, const std::string& title);

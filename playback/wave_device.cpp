@@ -1,4 +1,5 @@
 #include "app/modMain.h"
+#include "mainwindow/volume.h"
 #include "platform/media.h"
 #include "playback/Mpeg.h"
 #include "playback/volume_words.h"
@@ -6,8 +7,7 @@
 
 namespace {
 
-/// `Left` of the volume thumb in twips, at silence and for each per cent.
-constexpr double silentLeft = 2400;
+/// How far each per cent of volume moves the thumb.
 constexpr double twipsAPercent = 6;
 
 } // namespace
@@ -28,7 +28,7 @@ bool Mpeg::DevicesPresent() {
     shared_.waveVolumeWord = volume::safeWord(shared_.waveVolumeWord);
     shared_.wavePercent = volume::percentOf(shared_.waveVolumeWord);
     shared_.frmPlayer.pctvolume.Left(
-        static_cast<float>(shared_.wavePercent * twipsAPercent + silentLeft));
+        static_cast<float>(shared_.wavePercent * twipsAPercent + volume::LowestLeft));
     return true;
 }
 

@@ -1,10 +1,12 @@
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
-#include "platform/files.h"
-#include "playback/text_helpers.h"
-#include "runtime/dynamic_array.h"
+#include "playback/track_list.h"
+#include "runtime/text.h"
 #include "shell/COpenDirDialog.h"
 #include "shell/COpenFileDialog.h"
+#include "shell/menus.h"
+#include "toolkit/dir_list_box.h"
+#include "toolkit/files.h"
 
 #include <unordered_set>
 
@@ -15,6 +17,57 @@ constexpr std::int32_t severalFilesInTheNewDialog = 524288 + 512;
 
 /// The filter in the system's form: pairs ended by nuls, and one nul more.
 const std::string audioFilter = {"Supported audio\0*.MP3;*.wav;\0", 29};
+
+using Pieces = runtime::DynamicArray<std::string>;
+
+void addPickedFile(FrmPlayer& player, const std::string& path) {
+    const std::string title = runtime::fileTitleOf(path);
+    addTrack(player, path, title);
+    player.lastFolder = path.substr(0, path.size() - title.size());
+    player.playlist().List1.ListIndex(player.trackCount - 1);
+}
+
+/// The first piece is the folder, the others are bare names in the dialog's order.
+void addPickedFolder(FrmPlayer& player, const Pieces& pieces, runtime::Int16 n) {
+    player.lastFolder = pieces[0];
+    player.savedTrackList = player.lastFolder + '\0';
+    for (runtime::Int16 i = 1; i < n; i += 1) {
+        player.savedTrackList += pieces[i] + '\0';
+        addTrack(player, player.lastFolder + "\\" + pieces[i], pieces[i]);
+    }
+    toolkit::ListBox& list = player.playlist().List1;
+    list.ListIndex(list.ListCount() - n + 1);
+}
+
+/// The picked folder and all below it, breadth first: the queue grows while it is walked. Links can
+/// make many paths to a folder; the first one found is the one that counts.
+void collectFolders(FrmPlayer& player, const std::string& folder) {
+    std::unordered_set<std::string> known = {toolkit::Files::identityOf(folder)};
+    const auto isNew = [&known](const std::string& identity) {
+        return identity.empty() || known.insert(identity).second;
+    };
+    toolkit::ListBox& queue = *player.ListDir;
+    toolkit::DirListBox& children = *player.DirTemp;
+    queue.Clear();
+    queue.AddItem(folder);
+    for (runtime::Int16 i = 0; i != queue.ListCount(); i += 1) {
+        children.Path(queue.List(i));
+        for (runtime::Int16 child = 0; child < children.ListCount(); child += 1) {
+            const std::string path = children.List(child);
+            if (isNew(toolkit::Files::identityOf(path))) queue.AddItem(path);
+        }
+    }
+}
+
+void addTracksOfFolders(FrmPlayer& player) {
+    const toolkit::ListBox& queue = *player.ListDir;
+    for (runtime::Int16 k = 0; k < queue.ListCount(); k += 1) {
+        const std::string folder = queue.List(k);
+        const std::string prefix = folder.ends_with('\\') ? folder : folder + "\\";
+        for (const std::string& name : toolkit::Files::Dir(folder, ".mp3"))
+            addTrack(player, prefix + name, name);
+    }
+}
 
 } // namespace
 
@@ -34,85 +87,27 @@ void FrmPlayer::openfiles() {
 
 void FrmPlayer::addPickedFiles(std::string& text) {
     const runtime::Int32 limit(text.size());
-    runtime::DynamicArray<std::string> pieces;
+    Pieces pieces;
     runtime::Int16 n = 0;
     for (runtime::Int32 round = 0; round < limit; round += 1) {
-        const std::string piece = nextField(text, '\0');
+        const std::string piece = runtime::nextField(text, '\0');
         if (piece.empty()) break;
         pieces.resizeKeeping(n);
         pieces[n] = piece;
         n += 1;
     }
-    if (n == 1) addPickedFile(pieces[0]);
-    if (n >= 2) addPickedFolder(pieces, n);
+    if (n == 1) addPickedFile(*this, pieces[0]);
+    if (n >= 2) addPickedFolder(*this, pieces, n);
     savedTrackList += '\0';
-}
-
-void FrmPlayer::addPickedFile(const std::string& path) {
-    trackPaths.resizeKeeping(trackCount);
-    trackPaths[trackCount] = path;
-    trackCount += 1;
-    const std::string title = fileTitleOf(path);
-    playlist().List1.AddItem(title);
-    lastFolder = path.substr(0, path.size() - title.size());
-    playlist().List1.ListIndex(trackCount - 1);
-}
-
-/// The first piece is the folder, the others are bare names in the dialog's order.
-void FrmPlayer::addPickedFolder(const runtime::DynamicArray<std::string>& pieces,
-                                runtime::Int16 n) {
-    lastFolder = pieces[0];
-    savedTrackList = lastFolder + '\0';
-    for (runtime::Int16 i = 1; i < n; i += 1) {
-        savedTrackList += pieces[i] + '\0';
-        trackPaths.resizeKeeping(trackCount);
-        trackPaths[trackCount] = lastFolder + "\\" + pieces[i];
-        trackCount += 1;
-        playlist().List1.AddItem(pieces[i]);
-    }
-    playlist().List1.ListIndex(playlist().List1.ListCount() - n + 1);
 }
 
 void FrmPlayer::opendir() {
     COpenDirDialog dialog;
     const std::string folder = dialog.BrowseForFolder(window, "Browse for folder");
-    endIfClosed();
+    window.endIfGone();
     if (!folder.empty()) {
-        collectFolders(folder);
-        addTracksOfFolders();
+        collectFolders(*this, folder);
+        addTracksOfFolders(*this);
     }
-    releaseOpenKeys();
-}
-
-/// The picked folder and all below it, breadth first: the queue grows while it is walked. Links can
-/// make many paths to a folder; the first one found is the one that counts.
-void FrmPlayer::collectFolders(const std::string& folder) {
-    std::unordered_set<std::string> known = {platform::folderIdentity(folder)};
-    const auto isNew = [&known](const std::string& identity) {
-        return identity.empty() || known.insert(identity).second;
-    };
-    ListDir->Clear();
-    ListDir->AddItem(folder);
-    for (runtime::Int16 i = 0; i != ListDir->ListCount(); i += 1) {
-        DirTemp->Path(ListDir->List(i));
-        for (runtime::Int16 child = 0; child < DirTemp->ListCount(); child += 1) {
-            const std::string path = DirTemp->List(child);
-            if (isNew(platform::folderIdentity(path))) ListDir->AddItem(path);
-        }
-    }
-}
-
-void FrmPlayer::addTracksOfFolders() {
-    for (runtime::Int16 k = 0; k < ListDir->ListCount(); k += 1) {
-        const std::string folder = ListDir->List(k);
-        const std::string prefix = folder.ends_with('\\') ? folder : folder + "\\";
-        const platform::FolderListing files = platform::listFiles(folder, ".mp3");
-        runtime::raiseIfFailed(files.error);
-        for (const std::string& name : files.names) {
-            playlist().List1.AddItem(name);
-            trackPaths.resizeKeeping(trackCount);
-            trackPaths[trackCount] = prefix + name;
-            trackCount += 1;
-        }
-    }
+    releaseOpenKeys(*this);
 }

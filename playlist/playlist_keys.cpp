@@ -1,73 +1,92 @@
+#include "playlist/playlist_keys.h"
+
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
 #include "app/modMain.h"
+#include "mainwindow/key_table.h"
+#include "mainwindow/keys.h"
+#include "movement/playlist_visibility.h"
+#include "playback/Mpeg.h"
 #include "playlist/scrolling.h"
+#include "shell/menus.h"
 
 namespace {
 
-void pressKey(toolkit::Image& up, toolkit::Image& down) {
-    up.Visible(false);
-    down.Visible(true);
-}
+using keys::Flip;
+using W = FrmPlaylist;
 
-/// The key springs back before its action runs.
-void releaseKey(toolkit::Image& up, toolkit::Image& down) {
-    up.Visible(true);
-    down.Visible(false);
+FrmPlayer& playerOf(FrmPlaylist& playlist) { return playlist.modMain.frmPlayer; }
+
+/// The open key is lifted by its menu's end.
+const keys::KeyRow<W> table[] = {
+    {&W::pctPlsPrev, &W::pctPlsPrevDown, Flip::UpFirst, Flip::UpFirst,
+     [](W& w) { playerOf(w).prevfile(); }},
+    {&W::pctPlsNext, &W::pctPlsNextDown, Flip::UpFirst, Flip::UpFirst,
+     [](W& w) { playerOf(w).nextfile(); }},
+    {&W::pctPlsPlay, &W::pctPlsPlayDown, Flip::UpFirst, Flip::UpFirst,
+     [](W& w) { playerOf(w).startfile(); }},
+    {&W::pctPlsStop, &W::pctPlsStopDown, Flip::UpFirst, Flip::UpFirst,
+     [](W& w) { w.pctPlsStop_MouseUp(); }},
+    {&W::pctPlsOpen, &W::pctPlsOpenDown, Flip::UpFirst, Flip::None,
+     [](W& w) { popUpOpenMenu(playerOf(w), w.window); }},
+    {&W::pctPlaylistQuit, &W::pctPlaylistQuitDown, Flip::DownOnly, Flip::DownOnly,
+     [](W& w) {
+         liftPlaylistKey(playerOf(w));
+         closePlaylist(w);
+     }},
+    {&W::pctPlaylistMini, &W::pctPlaylistMiniDown, Flip::DownOnly, Flip::DownOnly,
+     [](W& w) { minimisePlaylist(w); }},
+};
+
+void connectScrollKeys(FrmPlaylist& w) {
+    w.pctLBoxUpUp.MouseDown = [&w](const auto&) { w.pctLboxUpDown.Visible(true); };
+    w.pctLBoxDownUp.MouseDown = [&w](const auto&) { w.pctLBoxDownDown.Visible(true); };
+    w.pctLBoxUpUp.MouseUp = [&w](const auto&) {
+        toolkit::ListBox& list = w.List1;
+        list.TopIndex(scrolling::above(list.TopIndex().value(), list.ListCount().value()));
+        w.pctLboxUpDown.Visible(false);
+    };
+    w.pctLBoxDownUp.MouseUp = [&w](const auto&) {
+        toolkit::ListBox& list = w.List1;
+        list.TopIndex(scrolling::below(list.TopIndex().value(), list.ListCount().value()));
+        w.pctLBoxDownDown.Visible(false);
+    };
 }
 
 } // namespace
 
-void FrmPlaylist::connectKeys() {
-    FrmPlayer& player = shared_.frmPlayer;
-    const auto pressesOnly = [](toolkit::Image& up, toolkit::Image& down) {
-        up.MouseDown = [&](const auto&) { pressKey(up, down); };
-    };
-    const auto fires = [&](toolkit::Image& up, toolkit::Image& down, void (FrmPlayer::*action)()) {
-        pressesOnly(up, down);
-        up.MouseUp = [&up, &down, &player, action](const auto&) {
-            releaseKey(up, down);
-            (player.*action)();
-        };
-    };
-    fires(pctPlsPrev, pctPlsPrevDown, &FrmPlayer::prevfile);
-    fires(pctPlsNext, pctPlsNextDown, &FrmPlayer::nextfile);
-    fires(pctPlsPlay, pctPlsPlayDown, &FrmPlayer::startfile);
-    pressesOnly(pctPlsStop, pctPlsStopDown);
-    pctPlsStop.MouseUp = [this](const auto&) { pctPlsStop_MouseUp(); };
-    pressesOnly(pctPlsOpen, pctPlsOpenDown);
-    pctPlsOpen.MouseUp = [this, &player](const auto&) { player.popUpOpenMenu(window); };
-    pctPlsPause.MouseDown = [this](const auto&) { pctPlsPause_MouseDown(); };
-    pctPlsPauseDown.MouseDown = [this](const auto&) { pctPlsPauseDown_MouseDown(); };
-    List1.DblClick = [&player] { player.startfile(); };
-    pctClear.Click = [&player] { player.clear(); };
-    pctClearAll.Click = [&player] { player.clearall(); };
+void connectKeys(FrmPlaylist& w) {
+    keys::connect<W>(w, table);
+    connectScrollKeys(w);
+    w.pctPlsPause.MouseDown = [&w](const auto&) { w.pctPlsPause_MouseDown(); };
+    w.pctPlsPauseDown.MouseDown = [&w](const auto&) { w.pctPlsPauseDown_MouseDown(); };
+    w.List1.DblClick = [&w] { playerOf(w).startfile(); };
+    w.pctClear.Click = [&w] { playerOf(w).clear(); };
+    w.pctClearAll.Click = [&w] { playerOf(w).clearall(); };
 }
 
-void FrmPlaylist::connectScrollKeys() {
-    pctLBoxUpUp.MouseDown = [this](const auto&) { pctLboxUpDown.Visible(true); };
-    pctLBoxDownUp.MouseDown = [this](const auto&) { pctLBoxDownDown.Visible(true); };
-    pctLBoxUpUp.MouseUp = [this](const auto&) {
-        List1.TopIndex(scrolling::above(List1.TopIndex().value(), List1.ListCount().value()));
-        pctLboxUpDown.Visible(false);
-    };
-    pctLBoxDownUp.MouseUp = [this](const auto&) {
-        List1.TopIndex(scrolling::below(List1.TopIndex().value(), List1.ListCount().value()));
-        pctLBoxDownDown.Visible(false);
-    };
+void FrmPlaylist::pctPlsStop_MouseUp() {
+    FrmPlayer& player = modMain.frmPlayer;
+    player.engine().StopM();
+    player.lblTimenow.Visible(false);
+    player.pctprogressbar.Visible(false);
+    lblPlaying.Caption("");
+    lblTitle.Caption("");
+    // Only a stop that failed still finds the pause; after one that worked its key stays pressed.
+    if (player.engine().Status() == "Paused") releasePauseKeys(player);
 }
 
 void FrmPlaylist::pctPlsPause_MouseDown() {
-    if (shared_.engine->Status() != "Playing") return;
+    if (modMain.engine->Status() != "Playing") return;
     pctPlsPause.Visible(false);
     pctPlsPauseDown.Visible(true);
-    shared_.engine->PauseM();
+    modMain.engine->PauseM();
     lblPlaying.Caption("Paused");
 }
 
 void FrmPlaylist::pctPlsPauseDown_MouseDown() {
-    if (shared_.engine->Status() != "Paused") return;
+    if (modMain.engine->Status() != "Paused") return;
     pctPlsPause.Visible(true);
     pctPlsPauseDown.Visible(false);
-    shared_.engine->PlayM();
+    modMain.engine->PlayM();
 }

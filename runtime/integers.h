@@ -78,9 +78,4 @@ class CheckedInteger {
 using Int16 = CheckedInteger<std::int16_t>;
 using Int32 = CheckedInteger<std::int32_t>;
 
-/// A 16-bit boolean: -1 true, 0 false. Anything but 0 counts as true where it is tested.
-using Bool16 = Int16;
-inline constexpr std::int16_t True16 = -1;
-inline constexpr std::int16_t False16 = 0;
-
 } // namespace runtime

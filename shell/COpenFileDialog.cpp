@@ -2,16 +2,8 @@
 
 #include "platform/shell.h"
 #include "runtime/errors.h"
+#include "runtime/text.h"
 #include "toolkit/msgbox.h"
-
-namespace {
-
-std::string withoutTrailingBlanks(std::string text) {
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
-}
-
-} // namespace
 
 bool COpenFileDialog::ShowOpen() {
     bool confirmed = false;
@@ -32,7 +24,7 @@ void COpenFileDialog::runDialog(bool& confirmed) {
 
     platform::OPENFILENAME record;
     record.lStructSize = 76;
-    record.hwndOwner = ownerWindow.value();
+    record.hwndOwner = hWndParent().value();
     record.lpstrFilter = filter.c_str();
     record.lpstrFile = file.data();
     record.nMaxFile = static_cast<std::uint32_t>(size);
@@ -45,8 +37,8 @@ void COpenFileDialog::runDialog(bool& confirmed) {
     if (!platform::GetOpenFileNameA(&record)) return;
 
     confirmed = true;
-    fileName = withoutTrailingBlanks(std::move(file));
-    fileTitle = withoutTrailingBlanks(std::move(title));
+    fileName = runtime::withoutTrailingBlanks(std::move(file));
+    fileTitle = runtime::withoutTrailingBlanks(std::move(title));
     // The nul fill counts, so a title buffer as long as it was asked for reads empty.
     if (fileTitle.size() == size) fileTitle.clear();
 }

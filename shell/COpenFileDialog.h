@@ -25,9 +25,13 @@ class COpenFileDialog {
     void Filter(const std::string& strValue) { filter = strValue; }
     [[nodiscard]] runtime::Int32 Flags() const { return flags; }
     void Flags(runtime::Int32 Value) { flags = Value; }
-    /// Owner window; 0 leaves every window of the program live during the dialog.
-    [[nodiscard]] runtime::Int32 hWndParent() const { return ownerWindow; }
-    void hWndParent(runtime::Int32 lngValue) { ownerWindow = lngValue; }
+    /// Owner window; 0 leaves every window of the program live during the dialog. Read and written
+    /// like the other properties; property and field share one name.
+    struct {
+        [[nodiscard]] runtime::Int32 operator()() const { return value; }
+        void operator()(runtime::Int32 lngValue) { value = lngValue; }
+        runtime::Int32 value = 0;
+    } hWndParent;
     /// Size of the result buffers in characters.
     [[nodiscard]] runtime::Int16 MaxFileSize() const { return maxFileSize; }
     void MaxFileSize(runtime::Int16 intValue) { maxFileSize = intValue; }
@@ -47,5 +51,4 @@ class COpenFileDialog {
     std::string filter;
     runtime::Int32 flags = 0;
     runtime::Int16 maxFileSize = 260;
-    runtime::Int32 ownerWindow = 0;
 };

@@ -1,8 +1,6 @@
 #include "shell/clsSysTray.h"
 
-#include "platform/window.h"
 #include "runtime/rounding.h"
-#include "toolkit/guard.h"
 #include "toolkit/screen.h"
 
 #include <algorithm>
@@ -25,15 +23,11 @@ clsSysTray::clsSysTray() {
     ToolTip(std::string(1, '\0'));
 }
 
-void clsSysTray::LoadIcon(std::int32_t, toolkit::Form& vDatafrm) {
-    trayData.hWnd = platform::createHookWindow(vDatafrm.hWnd(), [this](std::int32_t code) {
-        toolkit::guarded([&] {
-            toolkit::MouseArguments arguments;
-            arguments.X = static_cast<float>(code) * toolkit::Screen::TwipsPerPixelX();
-            pctHook_MouseMove(arguments);
-        });
-    });
-    trayData.hIcon = platform::applicationIcon();
+void clsSysTray::LoadIcon(toolkit::Form& vDatafrm) {
+    pctHook.MouseMove = [this](const auto& arguments) { pctHook_MouseMove(arguments); };
+    pctHook.add(vDatafrm);
+    trayData.hIcon = vDatafrm.Icon();
+    trayData.hWnd = pctHook.hWnd();
     // Not in the tray yet, so this changes nothing; the icon comes with `IconInSysTray`.
     platform::Shell_NotifyIconA(platform::NIM_MODIFY, &trayData);
 }

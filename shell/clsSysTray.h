@@ -2,6 +2,7 @@
 
 #include "platform/shell.h"
 #include "toolkit/form.h"
+#include "toolkit/hook_window.h"
 
 #include <cstdint>
 #include <functional>
@@ -14,7 +15,7 @@ class clsSysTray {
     clsSysTray();
 
     /// Makes the hook on a form and takes the form's icon.
-    void LoadIcon(std::int32_t vData, toolkit::Form& vDatafrm);
+    void LoadIcon(toolkit::Form& vDatafrm);
     /// Sets the tip, cut or filled with blanks to 64 characters; a nul in it ends it. It reaches
     /// the shell with its next call.
     void ToolTip(const std::string& vData);
@@ -24,9 +25,10 @@ class clsSysTray {
     std::function<void()> LButtonDblClk;
     std::function<void()> RButtonUP;
 
+    toolkit::HookWindow pctHook;       ///< where the shell's codes arrive
+    platform::NOTIFYICONDATA trayData; ///< what the shell is told with every call
+    std::int32_t lastTrayMessage = 0;  ///< the latest mouse code
+
   private:
     void pctHook_MouseMove(const toolkit::MouseArguments& arguments);
-
-    platform::NOTIFYICONDATA trayData;
-    std::int32_t lastTrayMessage = 0;
 };

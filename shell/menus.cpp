@@ -1,8 +1,11 @@
+#include "shell/menus.h"
+
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
 #include "app/modMain.h"
+#include "movement/window_states.h"
 #include "platform/system.h"
-#include "shell/clsSysTray.h"
+#include "shell/AboutBox.h"
 
 namespace {
 
@@ -11,58 +14,51 @@ constexpr std::uint32_t openKeyDelay = 300;
 
 } // namespace
 
-void FrmPlayer::createMenus() {
-    mnuPopup = {"mnuPopup",
-                "Popup",
-                {},
-                {{"mnuMaximized", "Maximized", [this] { restoreWindow(); }, {}},
-                 {"MnuOpen",
-                  "Open",
+void createMenus(FrmPlayer& player) {
+    FrmPlayer& p = player;
+    p.mnuPopup = {"mnuPopup",
+                  "Popup",
                   {},
-                  {{"mnuOpenFile", "Open File", [this] { openfiles(); }, {}},
-                   {"MnuOpenDir", "Open Directory", [this] { opendir(); }, {}}}},
-                 {"mnuMain",
-                  "Main",
-                  {},
-                  {{"mnuPlay", "Play", [this] { startfile(); }, {}},
-                   {"mnuStop", "Stop", [this] { mnuStop_Click(); }, {}},
-                   {"mnuNext", "Next", [this] { nextfile(); }, {}}}},
-                 {"mnuAbout", "About", [this] { shared_.aboutBox().window.ShowModal(); }, {}},
-                 {"mnuExit", "Exit", [this] { unloadmebaby(); }, {}}}};
-    mnuOpenDialog = {"mnuOpenDialog",
-                     "Open",
-                     {},
-                     {{"mnuList", "File", [this] { openfiles(); }, {}},
-                      {"mnuDir", "Directory", [this] { opendir(); }, {}}}};
+                  {{"mnuMaximized", "Maximized", [&p] { restoreWindow(p); }, {}},
+                   {"MnuOpen",
+                    "Open",
+                    {},
+                    {{"mnuOpenFile", "Open File", [&p] { p.openfiles(); }, {}},
+                     {"MnuOpenDir", "Open Directory", [&p] { p.opendir(); }, {}}}},
+                   {"mnuMain",
+                    "Main",
+                    {},
+                    {{"mnuPlay", "Play", [&p] { p.startfile(); }, {}},
+                     {"mnuStop", "Stop", [&p] { p.mnuStop_Click(); }, {}},
+                     {"mnuNext", "Next", [&p] { p.nextfile(); }, {}}}},
+                   {"mnuAbout", "About", [&p] { p.modMain.aboutBox().window.ShowModal(); }, {}},
+                   {"mnuExit", "Exit", [&p] { p.unloadmebaby(); }, {}}}};
+    p.mnuOpenDialog = {"mnuOpenDialog",
+                       "Open",
+                       {},
+                       {{"mnuList", "File", [&p] { p.openfiles(); }, {}},
+                        {"mnuDir", "Directory", [&p] { p.opendir(); }, {}}}};
 }
 
-/// The window has no state but shown or hidden: restoring it is nothing but showing it.
-void FrmPlayer::restoreWindow() { window.Show(); }
+void popUpOpenMenu(FrmPlayer& player, toolkit::Form& from) {
+    toolkit::PopupMenu(from, player.mnuOpenDialog);
+    platform::Sleep(openKeyDelay);
+    releaseOpenKeys(player);
+}
+
+void releaseOpenKeys(FrmPlayer& player) {
+    player.pctopen.Visible(true);
+    player.pctopendown.Visible(false);
+    player.playlist().pctPlsOpen.Visible(true);
+    player.playlist().pctPlsOpenDown.Visible(false);
+}
 
 void FrmPlayer::gSysTray_LButtonDblClk() {
     // The way back from the hidden state: a failure here must not end the program.
     try {
-        restoreWindow();
+        restoreWindow(*this);
     } catch (const runtime::NumberedError&) { // NOLINT(bugprone-empty-catch)
     }
 }
 
 void FrmPlayer::gSysTray_RButtonUP() { toolkit::PopupMenu(window, mnuPopup); }
-
-void FrmPlayer::pctopen_MouseDown() {
-    pctopen.Visible(false);
-    pctopendown.Visible(true);
-}
-
-void FrmPlayer::popUpOpenMenu(toolkit::Form& from) {
-    toolkit::PopupMenu(from, mnuOpenDialog);
-    platform::Sleep(openKeyDelay);
-    releaseOpenKeys();
-}
-
-void FrmPlayer::releaseOpenKeys() {
-    pctopen.Visible(true);
-    pctopendown.Visible(false);
-    playlist().pctPlsOpen.Visible(true);
-    playlist().pctPlsOpenDown.Visible(false);
-}

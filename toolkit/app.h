@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 /// The application object.
@@ -19,5 +20,8 @@ std::string Command();
 
 /// The decimal sign of the user's locale.
 char DecimalSign();
+
+/// Local time of day in whole seconds, 0 to 86399.
+std::int32_t SecondsSinceMidnight();
 
 } // namespace toolkit::App

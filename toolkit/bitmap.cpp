@@ -1,9 +1,13 @@
 #include "toolkit/bitmap.h"
 
+#include "runtime/little_endian.h"
+
 #include <cstdint>
 
 namespace toolkit {
 namespace {
+
+using runtime::littleEndian;
 
 constexpr std::size_t fileHeaderSize = 14;
 constexpr std::size_t infoHeaderSize = 40;
@@ -11,13 +15,6 @@ constexpr std::size_t iconHeaderSize = 6;
 constexpr std::size_t iconEntrySize = 16;
 constexpr std::int32_t largestWidth = 4096;
 constexpr std::int32_t largestHeight = 8192;
-
-std::uint32_t word(std::span<const std::byte> file, std::size_t at, std::size_t bytes) {
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < bytes; ++i)
-        value |= std::to_integer<std::uint32_t>(file[at + i]) << (8U * i);
-    return value;
-}
 
 /// How an image's pixels lie in its file.
 struct Layout {
@@ -35,14 +32,14 @@ bool readLayout(std::span<const std::byte> file, std::size_t header, std::size_t
                 std::int32_t rowsAHeight, Layout& layout) {
     if (header > file.size() || file.size() - header < infoHeaderSize) return false;
     layout.start = start;
-    layout.width = static_cast<std::int32_t>(word(file, header + 4, 4));
-    const auto height = static_cast<std::int32_t>(word(file, header + 8, 4));
+    layout.width = static_cast<std::int32_t>(littleEndian(file, header + 4, 4));
+    const auto height = static_cast<std::int32_t>(littleEndian(file, header + 8, 4));
     if (height < -largestHeight || height > largestHeight || height == 0) return false;
     if (layout.width < 1 || layout.width > largestWidth) return false;
     layout.upwards = height > 0;
     layout.height = (height > 0 ? height : -height) / rowsAHeight;
-    const std::uint32_t bits = word(file, header + 14, 2);
-    const std::uint32_t compression = word(file, header + 16, 4);
+    const std::uint32_t bits = littleEndian(file, header + 14, 2);
+    const std::uint32_t compression = littleEndian(file, header + 16, 4);
     if ((bits != 24 && bits != 32) || compression != 0) return false;
     layout.bytesAPixel = bits / 8;
     layout.bytesARow = (static_cast<std::size_t>(layout.width) * layout.bytesAPixel + 3) / 4 * 4;
@@ -56,8 +53,9 @@ platform::Picture readPixels(std::span<const std::byte> file, const Layout& layo
         const std::int32_t storedRow = layout.upwards ? layout.height - 1 - y : y;
         std::size_t at = layout.start + layout.bytesARow * static_cast<std::size_t>(storedRow);
         for (std::int32_t x = 0; x < layout.width; ++x, at += layout.bytesAPixel) {
-            const std::uint32_t alpha = layout.bytesAPixel == 4 ? word(file, at + 3, 1) : 0xFFU;
-            picture.row(y)[x] = alpha << 24U | word(file, at, 3);
+            const std::uint32_t alpha =
+                layout.bytesAPixel == 4 ? littleEndian(file, at + 3, 1) : 0xFFU;
+            picture.row(y)[x] = alpha << 24U | littleEndian(file, at, 3);
         }
     }
     return picture;
@@ -66,21 +64,21 @@ platform::Picture readPixels(std::span<const std::byte> file, const Layout& layo
 } // namespace
 
 platform::Picture decodeBitmap(std::span<const std::byte> file) {
-    if (file.size() < fileHeaderSize || word(file, 0, 2) != 0x4D42) return {};
+    if (file.size() < fileHeaderSize || littleEndian(file, 0, 2) != 0x4D42) return {};
     Layout layout;
-    if (!readLayout(file, fileHeaderSize, word(file, 10, 4), 1, layout)) return {};
+    if (!readLayout(file, fileHeaderSize, littleEndian(file, 10, 4), 1, layout)) return {};
     return readPixels(file, layout);
 }
 
 std::vector<platform::Picture> decodeIcon(std::span<const std::byte> file,
                                           std::int32_t largestSide) {
     std::vector<platform::Picture> pictures;
-    if (file.size() < iconHeaderSize || word(file, 0, 4) != 0x10000) return pictures;
-    const std::size_t count = word(file, 4, 2);
+    if (file.size() < iconHeaderSize || littleEndian(file, 0, 4) != 0x10000) return pictures;
+    const std::size_t count = littleEndian(file, 4, 2);
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t entry = iconHeaderSize + i * iconEntrySize;
         if (entry + iconEntrySize > file.size()) break;
-        const std::size_t header = word(file, entry + 12, 4);
+        const std::size_t header = littleEndian(file, entry + 12, 4);
         Layout layout;
         if (!readLayout(file, header, header + infoHeaderSize, 2, layout)) continue;
         if (layout.bytesAPixel == 4 && layout.width <= largestSide)

@@ -1,6 +1,7 @@
 #include "toolkit/form.h"
 
 #include "platform/system.h"
+#include "toolkit/event_loop.h"
 #include "toolkit/guard.h"
 #include "toolkit/screen.h"
 
@@ -10,8 +11,13 @@ Form::Form(FormData data) : data_(std::move(data)), bounds_(data_.bounds) {}
 
 Form::~Form() { close(); }
 
+void Form::endIfGone() const {
+    if (gone_) endProgram();
+}
+
 void Form::load() {
     if (window_ != 0) return;
+    endIfGone();
     bounds_ = data_.bounds;
     if (data_.centred) centre();
     createWindow();
@@ -52,7 +58,9 @@ void Form::createWindow() {
         guarded([this] {
             if (CloseWished) return CloseWished();
             Unload();
-            if (ClosedBySystem) ClosedBySystem();
+            if (!ClosedBySystem) return;
+            gone_ = true;
+            ClosedBySystem();
         });
     };
     window_ = platform::createWindow(options, std::move(events));
@@ -147,6 +155,11 @@ bool Form::Visible() {
 platform::WindowHandle Form::hWnd() {
     load();
     return window_;
+}
+
+std::int32_t Form::Icon() {
+    load();
+    return platform::applicationIcon();
 }
 
 void Form::Show() {

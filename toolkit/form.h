@@ -44,6 +44,8 @@ class Form {
     [[nodiscard]] bool Visible();
     /// The number that names the window to the system.
     [[nodiscard]] platform::WindowHandle hWnd();
+    /// The program's icon as the shell's calls want it; 0 if there is none.
+    [[nodiscard]] std::int32_t Icon();
 
     /// Shows the window without waiting for it.
     void Show();
@@ -56,7 +58,8 @@ class Form {
 
     std::function<void()> Load;
     std::function<void()> QueryUnload;
-    /// What follows after the system, not the program, has closed the window.
+    /// What follows after the system, not the program, has closed the window; if set, the window
+    /// is gone for good.
     std::function<void()> ClosedBySystem;
     /// What the system's wish to close the window does, in place of unloading it; if set.
     std::function<void()> CloseWished;
@@ -71,8 +74,13 @@ class Form {
     /// The controls, topmost first.
     [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }
 
-    /// Makes the window and runs `Load`, unless that has been done.
+    /// Makes the window and runs `Load`, unless that has been done. Ends the program as
+    /// `endIfGone` does.
     void load();
+    /// For a handler that a dialog or a yield has held up while the system closed the window for
+    /// good: it must neither go on nor bring the window back, so the program ends here. Any touch
+    /// of the form or its controls asks the same.
+    void endIfGone() const;
     [[nodiscard]] bool loaded() const { return window_ != 0; }
     /// Has the window painted anew once the running handler is done.
     void changed();
@@ -102,6 +110,7 @@ class Form {
     platform::Point corner_; ///< where the window was last put, screen pixels
     platform::Picture picture_;
     bool visible_ = false;
+    bool gone_ = false; ///< closed by the system, not to come back
     bool stale_ = true;
 
     // The press in progress: who took it (no control stands for the background), and where the

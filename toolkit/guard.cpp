@@ -31,24 +31,4 @@ void endFatally(const runtime::NumberedError& error) {
     platform::endProcess(1);
 }
 
-void yieldToEvents() { platform::yieldToEvents(); }
-
-void yieldInDrag() {
-    constexpr int deepest = 16;
-    static int depth = 0;
-    if (depth == deepest) return;
-    struct Level {
-        Level() { ++depth; }
-        ~Level() { --depth; }
-        Level(const Level&) = delete;
-        Level& operator=(const Level&) = delete;
-    };
-    const Level level;
-    platform::yieldToEvents();
-}
-
-void endProgram() { platform::endProcess(0); }
-
-void leaveEventLoop() { platform::leaveEventLoop(0); }
-
 } // namespace toolkit

@@ -1,9 +1,9 @@
 #include "toolkit/list_box.h"
 
 #include "runtime/errors.h"
+#include "runtime/text.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace toolkit {
 namespace {
@@ -14,11 +14,7 @@ constexpr std::int32_t leftMargin = 2;
 
 /// Whether both texts start with the same letter, case aside.
 bool startsAlike(const std::string& text, const std::string& letter) {
-    if (text.size() < letter.size()) return false;
-    return std::equal(letter.begin(), letter.end(), text.begin(), [](char a, char b) {
-        return std::tolower(static_cast<unsigned char>(a)) ==
-               std::tolower(static_cast<unsigned char>(b));
-    });
+    return runtime::equalIgnoringCase(std::string_view(text).substr(0, letter.size()), letter);
 }
 
 } // namespace

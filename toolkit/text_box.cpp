@@ -1,5 +1,7 @@
 #include "toolkit/text_box.h"
 
+#include "runtime/text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -7,11 +9,6 @@ namespace toolkit {
 namespace {
 
 constexpr std::int32_t margin = 3; // pixels left and right
-
-std::string withoutTrailingBlanks(std::string text) {
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
-}
 
 } // namespace
 
@@ -45,12 +42,12 @@ void TextBox::fold(const std::string& line, std::int32_t width) {
         const std::size_t blank = std::min(line.find(' ', start), line.size() - 1);
         const std::string word = line.substr(start, blank + 1 - start);
         start = blank + 1;
-        const std::string longer = withoutTrailingBlanks(row + word);
+        const std::string longer = runtime::withoutTrailingBlanks(row + word);
         if (!row.empty() && platform::measureText(font_, longer).width > width)
-            rows_.push_back(withoutTrailingBlanks(std::exchange(row, "")));
+            rows_.push_back(runtime::withoutTrailingBlanks(std::exchange(row, "")));
         row += word;
     }
-    rows_.push_back(withoutTrailingBlanks(row));
+    rows_.push_back(runtime::withoutTrailingBlanks(row));
 }
 
 void TextBox::paint(platform::Picture& target, const platform::Rect& area) const {

@@ -230,10 +230,10 @@ TEST_CASE("no window but the about box takes input while it is open") {
         player.click(player.frmPlayer().lblRepeat);
         player.click(player.list());
     });
-    CHECK(player.frmPlayer().repeatOn == runtime::False16);
+    CHECK_FALSE(player.frmPlayer().repeatOn);
     CHECK(player.list().ListIndex() == -1);
     player.click(player.frmPlayer().lblRepeat);
-    CHECK(player.frmPlayer().repeatOn == runtime::True16);
+    CHECK(player.frmPlayer().repeatOn);
 }
 
 TEST_CASE("the sound and its clock go on while the about box is open") {

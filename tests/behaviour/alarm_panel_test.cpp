@@ -139,7 +139,7 @@ TEST_CASE("a minute held for three seconds runs through most of an hour, red unt
     CHECK(colourBefore == 0x0000FF);
     CHECK(form.lblMin.ForeColor() == 0x00FFFF);
     CHECK(form.alarmMinute == 12 + 38);
-    CHECK(form.mouseHeld == runtime::False16);
+    CHECK_FALSE(form.mouseHeld);
 }
 
 TEST_CASE("the hour wraps at 23, the minute at 59 without a carry, and 99 goes to 0") {
@@ -186,7 +186,7 @@ TEST_CASE("a second press that waits in the hold is a hold of its own") {
     });
     player.press(form.lblHr);
     CHECK(form.alarmHour == 3);
-    CHECK(form.mouseHeld == runtime::False16);
+    CHECK_FALSE(form.mouseHeld);
 }
 
 TEST_CASE("ticks run inside the yields of a hold, one for each pass at most") {

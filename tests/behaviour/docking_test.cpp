@@ -206,7 +206,7 @@ TEST_CASE("the playlist moves before the main window does") {
 
 TEST_CASE("with both flags set the pair counts as stacked") {
     WindowPair windows({300, 300}, {300, 382});
-    windows.player.frmPlaylist().playlistdockY = runtime::True16;
+    windows.player.frmPlaylist().playlistdockY = true;
     windows.takeMain();
     WindowPair::dragTo(300, 590);
     CHECK(windows.main() == Point{300, 604});
@@ -386,8 +386,8 @@ TEST_CASE("exact contact decides at each opening") {
 TEST_CASE("opening to a contact sets one flag and leaves the other") {
     WindowPair windows({300, 300}, {300, 382});
     windows.closeByMinimise();
-    windows.player.frmPlaylist().playlistdockX = runtime::False16;
-    windows.player.frmPlaylist().playlistdockY = runtime::True16;
+    windows.player.frmPlaylist().playlistdockX = false;
+    windows.player.frmPlaylist().playlistdockY = true;
     windows.open();
     CHECK(windows.stacked());
     CHECK(windows.beside());
@@ -473,8 +473,8 @@ TEST_CASE("at the exit the places and the dock are saved, and come back at the n
     CHECK(simulated::window(next.mainWindow()).position == Point{300, 300});
     CHECK(simulated::window(next.playlistWindow()).position == Point{310, 382});
     CHECK_FALSE(simulated::window(next.playlistWindow()).visible);
-    CHECK(next.frmPlaylist().playlistdockX == -1);
-    CHECK(next.frmPlaylist().playlistdockY == 0);
+    CHECK(next.frmPlaylist().playlistdockX);
+    CHECK_FALSE(next.frmPlaylist().playlistdockY);
 }
 
 TEST_CASE("saved flags rest until the list is opened, when contact decides") {
@@ -482,8 +482,8 @@ TEST_CASE("saved flags rest until the list is opened, when contact decides") {
     world.files.addFile("C:\\Orvan\\MyPlayerSettings.mps",
                         "3*0*0**4500*4500*0*0**-1*0*9000*9000*\r\n");
     player.start();
-    CHECK(player.frmPlaylist().playlistdockX == -1);
+    CHECK(player.frmPlaylist().playlistdockX);
     player.click(player.frmPlayer().pctplaylist);
-    CHECK(player.frmPlaylist().playlistdockX == 0);
-    CHECK(player.frmPlaylist().playlistdockY == 0);
+    CHECK_FALSE(player.frmPlaylist().playlistdockX);
+    CHECK_FALSE(player.frmPlaylist().playlistdockY);
 }

@@ -207,7 +207,7 @@ TEST_CASE("a pointer that never rests drags to where it ends") {
     MainWindow::dragTo(350, 350);
     CHECK(window.main() == Point{40 + moves % 600, 40 + moves % 400});
     simulated::release();
-    CHECK(window.player.frmPlayer().mouseHeld == 0);
+    CHECK_FALSE(window.player.frmPlayer().mouseHeld);
 }
 
 TEST_CASE("a release that arrives while a move is handled ends the drag") {
@@ -265,13 +265,13 @@ TEST_CASE("a closed playlist stays where it is, whatever its flags say, and pull
     MainWindow window({300, 300});
     window.player.frmPlaylist().window.Left(15 * 300);
     window.player.frmPlaylist().window.Top(15 * 500);
-    window.player.frmPlaylist().playlistdockX = runtime::True16;
+    window.player.frmPlaylist().playlistdockX = true;
     window.takeMain();
     MainWindow::dragTo(310, 410);
     CHECK(window.main() == Point{310, 410});
     CHECK(window.list() == Point{300, 500});
     simulated::release();
-    window.player.frmPlaylist().playlistdockX = runtime::False16;
+    window.player.frmPlaylist().playlistdockX = false;
     window.dragMain(310, 411);
     CHECK(window.free());
 }
@@ -310,7 +310,7 @@ TEST_CASE("the playlist drags by any bare row and with any button") {
 
 TEST_CASE("a pointer that crosses the playlist without a button changes nothing") {
     WindowPair windows({600, 600}, {300, 100});
-    windows.player.frmPlaylist().playlistdockX = runtime::True16;
+    windows.player.frmPlaylist().playlistdockX = true;
     simulated::moveTo(windows.player.playlistWindow(), WindowPair::gripX, WindowPair::gripY);
     simulated::moveTo(windows.player.playlistWindow(), WindowPair::gripX + 20, WindowPair::gripY);
     CHECK(windows.list() == Point{300, 100});

@@ -76,7 +76,7 @@ TEST_CASE("at the end of the last of several with repeat the first starts, shuff
         CAPTURE(shuffle);
         Player player;
         playShortTracks(player, 2);
-        player.frmPlayer().repeatOn = runtime::True16;
+        player.frmPlayer().repeatOn = true;
         player.frmPlayer().shuffleOn = shuffle;
         simulated::advance(3 * tick);
         CHECK(player.list().ListIndex() == 0);
@@ -92,7 +92,7 @@ TEST_CASE("at the end of the only entry with repeat the track restarts, shuffle 
         CAPTURE(shuffle);
         Player player;
         playOne(player, 2000);
-        player.frmPlayer().repeatOn = runtime::True16;
+        player.frmPlayer().repeatOn = true;
         player.frmPlayer().shuffleOn = shuffle;
         simulated::advance(3 * tick);
         CHECK(world.media.openPath() == A);
@@ -128,7 +128,7 @@ TEST_CASE("at the end of another entry with shuffle a drawn one starts, repeat o
         Player player;
         playShortTracks(player, 0);
         player.frmPlayer().repeatOn = repeat;
-        player.frmPlayer().shuffleOn = runtime::True16;
+        player.frmPlayer().shuffleOn = true;
         for (int i = 0; i < 30; ++i) {
             player.list().ListIndex(0);
             player.frmPlayer().startfile();
@@ -176,7 +176,7 @@ TEST_CASE("a track that ends over an emptied list stops without repeat") {
 TEST_CASE("a track that ends over an emptied list with repeat ends anew at each tick") {
     Player player;
     playShortTracks(player, 0);
-    player.frmPlayer().repeatOn = runtime::True16;
+    player.frmPlayer().repeatOn = true;
     player.frmPlayer().clearall();
     simulated::advance(2 * tick);
     for (int i = 0; i < 3; ++i) {

@@ -74,10 +74,10 @@ TEST_CASE("the folder dialog keeps the main window from clicks and leaves the pl
         player.click(player.list());
     });
     player.frmPlayer().opendir();
-    CHECK(player.frmPlayer().repeatOn == runtime::False16);
+    CHECK_FALSE(player.frmPlayer().repeatOn);
     CHECK(player.list().ListIndex() == 1);
     player.click(player.frmPlayer().lblRepeat);
-    CHECK(player.frmPlayer().repeatOn == runtime::True16);
+    CHECK(player.frmPlayer().repeatOn);
 }
 
 TEST_CASE("the time goes on while the folder dialog is up") {

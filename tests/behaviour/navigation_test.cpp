@@ -164,7 +164,7 @@ TEST_CASE("next on the last entry with repeat starts the first, shuffle or not")
     for (const int shuffle : {0, -1}) {
         CAPTURE(shuffle);
         ThreeTracks three(2);
-        three.form().repeatOn = runtime::True16;
+        three.form().repeatOn = true;
         three.form().shuffleOn = shuffle;
         clickNext(three.player);
         CHECK(three.index() == 0);
@@ -208,7 +208,7 @@ TEST_CASE("next while paused and the stop fails resumes the old track under the 
 TEST_CASE("shuffle picks from all tracks, the present one and the last included") {
     Player player;
     player.play({A, B});
-    player.frmPlayer().shuffleOn = runtime::True16;
+    player.frmPlayer().shuffleOn = true;
     int picks[2] = {};
     for (const int index : walkOf(player, 200))
         ++picks[index];
@@ -221,7 +221,7 @@ TEST_CASE("shuffle picks from all tracks, the present one and the last included"
 TEST_CASE("shuffle reaches every track of a long list") {
     Player player;
     startWithTwelveTracks(player);
-    player.frmPlayer().shuffleOn = runtime::True16;
+    player.frmPlayer().shuffleOn = true;
     std::vector<int> picks(12);
     for (const int index : walkOf(player, 600))
         ++picks[static_cast<std::size_t>(index)];
@@ -231,7 +231,7 @@ TEST_CASE("shuffle reaches every track of a long list") {
 
 TEST_CASE("shuffle draws over the tracks counted, not over the rows shown") {
     ThreeTracks three(0);
-    three.form().shuffleOn = runtime::True16;
+    three.form().shuffleOn = true;
     three.form().trackCount = 1;
     for (int i = 0; i < 20; ++i) {
         clickNext(three.player);
@@ -257,13 +257,13 @@ TEST_CASE("two runs of the program shuffle alike") {
 TEST_CASE("nothing is drawn at the end of the list") {
     // The draw after a wrap is the first of the run, so both players pick alike.
     ThreeTracks plain(0);
-    plain.form().shuffleOn = runtime::True16;
+    plain.form().shuffleOn = true;
     clickNext(plain.player);
     const int firstPick = plain.index();
 
     ThreeTracks wrapped(2);
-    wrapped.form().shuffleOn = runtime::True16;
-    wrapped.form().repeatOn = runtime::True16;
+    wrapped.form().shuffleOn = true;
+    wrapped.form().repeatOn = true;
     clickNext(wrapped.player);
     REQUIRE(wrapped.index() == 0);
     clickNext(wrapped.player);
@@ -320,18 +320,18 @@ TEST_CASE("the switches start off, in yellow, and a click turns each on and off"
     CHECK(static_cast<std::uint32_t>(Yellow) == 0x00FFFFU);
     CHECK(static_cast<std::uint32_t>(LightBlue) == 0xFF8080U);
     clickRepeat(player);
-    CHECK(form.repeatOn == -1);
-    CHECK(form.shuffleOn == 0);
+    CHECK(form.repeatOn);
+    CHECK_FALSE(form.shuffleOn);
     CHECK(form.lblRepeat.ForeColor() == LightBlue);
     CHECK(form.lblShuffle.ForeColor() == Yellow);
     clickShuffle(player);
     clickRepeat(player);
-    CHECK(form.repeatOn == 0);
-    CHECK(form.shuffleOn == -1);
+    CHECK_FALSE(form.repeatOn);
+    CHECK(form.shuffleOn);
     CHECK(form.lblRepeat.ForeColor() == Yellow);
     CHECK(form.lblShuffle.ForeColor() == LightBlue);
     clickShuffle(player);
-    CHECK(form.shuffleOn == 0);
+    CHECK_FALSE(form.shuffleOn);
 }
 
 TEST_CASE("a switch leaves the playing track alone") {

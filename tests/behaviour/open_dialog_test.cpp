@@ -199,7 +199,7 @@ TEST_CASE("both windows take clicks while the open dialog is up") {
         player.click(player.list());
     });
     player.frmPlayer().openfiles();
-    CHECK(player.frmPlayer().repeatOn == runtime::True16);
+    CHECK(player.frmPlayer().repeatOn);
     CHECK(player.list().ListIndex() == 1);
 }
 

@@ -1,3 +1,4 @@
+#include "shell/menus.h"
 #include "tests/behaviour/player.h"
 
 using behaviour::commandsSent;
@@ -212,8 +213,8 @@ TEST_CASE("either open key releases both pairs") {
         for (toolkit::Image* down :
              {&player.frmPlayer().pctopendown, &player.frmPlaylist().pctPlsOpenDown})
             down->Visible(true);
-        player.frmPlayer().popUpOpenMenu(fromPlaylist ? player.frmPlaylist().window
-                                                      : player.frmPlayer().window);
+        popUpOpenMenu(player.frmPlayer(),
+                      fromPlaylist ? player.frmPlaylist().window : player.frmPlayer().window);
         CHECK_FALSE(openKeyIsDown(player));
         CHECK_FALSE(playlistOpenKeyIsDown(player));
     }

@@ -2,7 +2,11 @@
 
 #include "app/modMain.h"
 #include "platform/simulated/world.h"
+#include "playback/Mpeg.h"
 #include "runtime/errors.h"
+#include "shell/AboutBox.h"
+#include "shell/clsSysTray.h"
+#include "toolkit/event_loop.h"
 #include "toolkit/guard.h"
 
 #include <doctest/doctest.h>

@@ -232,14 +232,14 @@ TEST_CASE("closed by the system, the playlist hides as by its minimise key and o
     OpenPlaylist player;
     player.addLetters(2);
     FrmPlaylist& form = player.frmPlaylist();
-    form.playlistdockX = runtime::True16;
+    form.playlistdockX = true;
     const platform::WindowHandle window = player.playlistWindow();
     const platform::Point place = simulated::window(window).position;
     simulated::closeByUser(window);
     CHECK_FALSE(simulated::window(window).visible);
     CHECK(player.frmPlayer().pctplaylist.Visible());
     CHECK_FALSE(player.frmPlayer().pctplaylistdown.Visible());
-    CHECK(form.playlistdockX == runtime::True16);
+    CHECK(form.playlistdockX);
 
     player.click(player.frmPlayer().pctplaylist);
     CHECK(player.playlistWindow() == window);

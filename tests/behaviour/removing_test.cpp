@@ -18,7 +18,7 @@ Texts entries(OpenPlaylist& player) {
 /// The names behind the paths, every element of the array.
 Texts paths(OpenPlaylist& player) {
     Texts texts;
-    const TrackPaths& tracks = player.frmPlayer().trackPaths;
+    const auto& tracks = player.frmPlayer().trackPaths;
     for (std::size_t n = 0; n < tracks.size(); ++n) {
         const std::string& path = tracks[static_cast<std::int32_t>(n)];
         texts.push_back(path.substr(path.rfind('\\') + 1));

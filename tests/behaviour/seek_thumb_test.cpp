@@ -62,7 +62,7 @@ TEST_CASE("a press on the seek thumb sinks it, stops the tick and asks the devic
     CHECK_FALSE(form.pctprogressbar.Visible());
     CHECK(form.pctprogressbardown.Visible());
     CHECK_FALSE(form.Timer1.Enabled());
-    CHECK(form.mouseHeld == runtime::True16);
+    CHECK(form.mouseHeld);
     CHECK(form.trackLengthSeconds == 200);
     CHECK(form.trackPositionSeconds == runtime::Fixed(5.003));
     CHECK(commandsSent() == pressQueries);
@@ -100,7 +100,7 @@ TEST_CASE("a dragged thumb runs one move behind the pointer") {
     world.media.forgetCommands();
     simulated::release();
     CHECK(commandsSent() == Commands{"seek mpeg to 75079", "Play mpeg"});
-    CHECK(form.mouseHeld == runtime::False16);
+    CHECK_FALSE(form.mouseHeld);
     CHECK(form.pctprogressbar.Visible());
     CHECK_FALSE(form.pctprogressbardown.Visible());
     CHECK(form.Timer1.Enabled());
@@ -135,7 +135,7 @@ TEST_CASE("each held move asks for the position, moves the thumb and writes both
     Player player;
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
-    form.showElapsed = runtime::True16;
+    form.showElapsed = true;
     const Drag drag = pressThumbAt(player, 1000);
     form.lblTimenow.Caption("old");
     world.media.forgetCommands();
@@ -187,9 +187,9 @@ TEST_CASE("any button drags the thumb") {
     playAt(player, 200'000, 50'000);
     FrmPlayer& form = player.frmPlayer();
     player.press(form.pctprogressbar, PointerButton::Right);
-    CHECK(form.mouseHeld == runtime::True16);
+    CHECK(form.mouseHeld);
     simulated::release(PointerButton::Right);
-    CHECK(form.mouseHeld == runtime::False16);
+    CHECK_FALSE(form.mouseHeld);
 }
 
 TEST_CASE("a release that waits during a move seeks before that move writes its texts") {
@@ -265,7 +265,7 @@ TEST_CASE("a drag to before the start seeks to the start") {
     Player player;
     playAt(player, 200'000, 1'000);
     FrmPlayer& form = player.frmPlayer();
-    form.showElapsed = runtime::True16;
+    form.showElapsed = true;
     const Drag drag = pressThumbAt(player, 256);
     drag.by(-50);
     CHECK(form.trackPositionSeconds < 0);

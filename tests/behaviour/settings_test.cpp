@@ -80,8 +80,8 @@ TEST_CASE("a whole line is taken over") {
     CHECK(form.alarmHour == 7);
     CHECK(form.alarmMinute == 30);
     CHECK(form.lastFolder == "C:\\Music");
-    CHECK(player.frmPlaylist().playlistdockX == -1);
-    CHECK(player.frmPlaylist().playlistdockY == 0);
+    CHECK(player.frmPlaylist().playlistdockX);
+    CHECK_FALSE(player.frmPlaylist().playlistdockY);
     CHECK(player.frmPlaylist().window.Left() == 135);
     CHECK(player.frmPlaylist().window.Top() == 1320);
     CHECK(simulated::window(player.mainWindow()).position == platform::Point{8, 6});
@@ -125,9 +125,9 @@ TEST_CASE("switches, time mode, alarm, selection and the playlist's visibility a
     Player first;
     first.play({"C:\\a.mp3", "C:\\b.mp3"});
     FrmPlayer& form = first.frmPlayer();
-    form.repeatOn = runtime::True16;
-    form.shuffleOn = runtime::True16;
-    form.showElapsed = runtime::True16;
+    form.repeatOn = true;
+    form.shuffleOn = true;
+    form.showElapsed = true;
     form.alarmTime = runtime::Fixed(0.5);
     form.alarmHour = 12;
     first.list().ListIndex(1);
@@ -137,9 +137,9 @@ TEST_CASE("switches, time mode, alarm, selection and the playlist's visibility a
     Player second;
     world.files.addFile(file, line);
     second.start();
-    CHECK(second.frmPlayer().repeatOn == 0);
-    CHECK(second.frmPlayer().shuffleOn == 0);
-    CHECK(second.frmPlayer().showElapsed == 0);
+    CHECK_FALSE(second.frmPlayer().repeatOn);
+    CHECK_FALSE(second.frmPlayer().shuffleOn);
+    CHECK_FALSE(second.frmPlayer().showElapsed);
     CHECK(second.frmPlayer().alarmTime == -1);
     CHECK(second.frmPlayer().alarmHour == 12);
     CHECK(second.list().ListCount() == 2);

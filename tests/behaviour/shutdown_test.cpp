@@ -215,7 +215,7 @@ TEST_CASE("a close inside the yield of a drag ends the program there") {
     player.play({A});
     simulated::advance(50'000);
     player.press(player.frmPlayer().pctprogressbar);
-    REQUIRE(player.frmPlayer().mouseHeld == runtime::True16);
+    REQUIRE(player.frmPlayer().mouseHeld);
     simulated::post([&] { simulated::closeByUser(player.mainWindow()); });
     CHECK_THROWS_AS(player.moveFrom(player.frmPlayer().pctprogressbar, 10),
                     simulated::ProcessEnded);

@@ -1,8 +1,10 @@
-#include "playback/text_helpers.h"
+#include "runtime/text.h"
 #include "tests/behaviour/player.h"
 
 using behaviour::commandsSent;
 using behaviour::Player;
+using runtime::fileTitleOf;
+using runtime::nextField;
 using simulated::world;
 
 namespace {

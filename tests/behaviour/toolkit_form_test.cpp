@@ -1,5 +1,6 @@
 #include "platform/simulated/world.h"
 #include "platform/system.h"
+#include "toolkit/event_loop.h"
 #include "toolkit/form.h"
 #include "toolkit/guard.h"
 #include "toolkit/image.h"

@@ -25,7 +25,7 @@ toolkit::FormData formOfAnySize() {
 struct Icon {
     Icon() { simulated::reset(); }
     void load() {
-        tray.LoadIcon(0, form);
+        tray.LoadIcon(form);
         tray.LButtonDblClk = [this] { ++doubleClicks; };
         tray.RButtonUP = [this] { ++rightReleases; };
     }

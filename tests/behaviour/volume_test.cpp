@@ -77,10 +77,10 @@ TEST_CASE("press and release of the slider change nothing and send nothing") {
     FrmPlayer& form = player.frmPlayer();
     form.volumeLevel = 123;
     Drag drag(player, 2700.6F);
-    CHECK(form.mouseHeld == runtime::True16);
+    CHECK(form.mouseHeld);
     CHECK(form.volumeThumbLeft == 2701);
     drag.release();
-    CHECK(form.mouseHeld == runtime::False16);
+    CHECK_FALSE(form.mouseHeld);
     CHECK(form.volumeThumbLeft == 2701);
     CHECK(form.pctvolume.Left() == 2700.6F);
     CHECK(form.volumeLevel == 123);
@@ -197,7 +197,7 @@ TEST_CASE("the right button drags the slider as the left one does") {
     drag.to(2);
     CHECK(drag.slider().Left() == 2730);
     drag.release();
-    CHECK(player.frmPlayer().mouseHeld == runtime::False16);
+    CHECK_FALSE(player.frmPlayer().mouseHeld);
 }
 
 TEST_CASE("a release that waits during a move ends the drag in the middle of it") {
@@ -206,7 +206,7 @@ TEST_CASE("a release that waits during a move ends the drag in the middle of it"
     Drag drag(player, 2700);
     simulated::post([] { simulated::release(); });
     drag.to(4);
-    CHECK(player.frmPlayer().mouseHeld == runtime::False16);
+    CHECK_FALSE(player.frmPlayer().mouseHeld);
     CHECK(player.frmPlayer().volumeThumbLeft == 2760);
 }
 

@@ -35,7 +35,7 @@ void dockPlaylist(Player& player) {
     list.window.Top(static_cast<float>(corner.y + 82) * 15);
     player.click(player.frmPlayer().pctplaylist);
     REQUIRE(list.window.Visible());
-    REQUIRE(list.playlistdockX == runtime::True16);
+    REQUIRE(list.playlistdockX);
 }
 
 } // namespace
@@ -116,8 +116,8 @@ TEST_CASE("the playlist stays as it is while the main window is hidden") {
     CHECK(placeOf(player.playlistWindow()) == place);
     CHECK(player.frmPlayer().pctplaylistdown.Visible());
     CHECK_FALSE(player.frmPlayer().pctplaylist.Visible());
-    CHECK(player.frmPlaylist().playlistdockX == runtime::True16);
-    CHECK(player.frmPlaylist().playlistdockY == runtime::False16);
+    CHECK(player.frmPlaylist().playlistdockX);
+    CHECK_FALSE(player.frmPlaylist().playlistdockY);
 }
 
 TEST_CASE("after a restore the docked playlist still follows the main window") {
@@ -154,14 +154,14 @@ TEST_CASE("the playlist docks to the hidden main window's place") {
     simulated::pressAt(player.playlistWindow(), listGrip.x, listGrip.y);
     simulated::moveTo(player.playlistWindow(), listGrip.x + 60, listGrip.y + 80);
     simulated::release();
-    REQUIRE(player.frmPlaylist().playlistdockX == runtime::False16);
+    REQUIRE_FALSE(player.frmPlaylist().playlistdockX);
     const Point away = placeOf(player.playlistWindow());
     simulated::pressAt(player.playlistWindow(), listGrip.x, listGrip.y);
     simulated::moveTo(player.playlistWindow(), listGrip.x + docked.x - away.x,
                       listGrip.y + docked.y - away.y + 6);
     simulated::release();
     CHECK(placeOf(player.playlistWindow()) == docked);
-    CHECK(player.frmPlaylist().playlistdockX == runtime::True16);
+    CHECK(player.frmPlaylist().playlistdockX);
 }
 
 TEST_CASE("the sound, the clock and the icon go on while the window is hidden") {

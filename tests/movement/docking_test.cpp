@@ -11,7 +11,7 @@ constexpr float height = 82;
 constexpr platform::Rect wholeScreen{0, 0, 1024, 768};
 
 /// One of the two windows, at a place in pixels.
-docking::Window windowAt(int left, int top) {
+toolkit::Bounds windowAt(int left, int top) {
     return {static_cast<float>(15 * left), static_cast<float>(15 * top), 15 * width, 15 * height};
 }
 
@@ -20,7 +20,7 @@ struct Row {
     docking::Contact taken;
 };
 
-void check(const docking::Window& still, const std::vector<Row>& rows) {
+void check(const toolkit::Bounds& still, const std::vector<Row>& rows) {
     for (const Row& row : rows) {
         const docking::Contact contact =
             docking::pullTogether(row.wanted, row.wanted, windowAt(0, 0), still);
@@ -47,7 +47,7 @@ TEST_CASE("a gap of 14 pixels docks and a gap of exactly 15 does not") {
 }
 
 TEST_CASE("the other three sides dock from the same distances") {
-    const docking::Window still = windowAt(400, 300);
+    const toolkit::Bounds still = windowAt(400, 300);
     check(still, {{{450, 367}, free(450, 367)},
                   {{450, 368}, stacked(450, 382)},
                   {{450, 396}, stacked(450, 382)},
@@ -108,8 +108,8 @@ TEST_CASE("a small overlap is pushed out and a deep one is left alone") {
 }
 
 TEST_CASE("windows of different sizes use each its own") {
-    const docking::Window small{0, 0, 15 * 100, 15 * 40};
-    const docking::Window still = windowAt(400, 300);
+    const toolkit::Bounds small{0, 0, 15 * 100, 15 * 40};
+    const toolkit::Bounds still = windowAt(400, 300);
     const auto pull = [&](int x, int y) {
         return docking::pullTogether({x, y}, {x, y}, small, still).place;
     };
@@ -128,11 +128,11 @@ struct PairRow {
     docking::Place takenPlaylist;
 };
 
-using Rule = docking::Pair (*)(docking::Pair, const docking::Window&, const docking::Window&,
+using Rule = docking::Pair (*)(docking::Pair, const toolkit::Bounds&, const toolkit::Bounds&,
                                const platform::Rect&);
 
 /// `player` and `playlist` stand at the first row's places; only their order counts.
-void check(Rule rule, const docking::Window& player, const docking::Window& playlist,
+void check(Rule rule, const toolkit::Bounds& player, const toolkit::Bounds& playlist,
            const platform::Rect& workArea, const std::vector<PairRow>& rows) {
     for (const PairRow& row : rows) {
         const docking::Pair pair = rule({row.player, row.playlist}, player, playlist, workArea);
@@ -145,9 +145,9 @@ void check(Rule rule, const docking::Window& player, const docking::Window& play
     }
 }
 
-const docking::Window first = windowAt(300, 300);
-const docking::Window below = windowAt(300, 382);
-const docking::Window right = windowAt(576, 300);
+const toolkit::Bounds first = windowAt(300, 300);
+const toolkit::Bounds below = windowAt(300, 382);
+const toolkit::Bounds right = windowAt(576, 300);
 
 } // namespace
 
@@ -218,8 +218,8 @@ TEST_CASE("a playlist at the side snaps up and down by itself") {
 }
 
 TEST_CASE("side by side the sizes differ from step to step") {
-    const docking::Window wide{0, 0, 15 * 400, 15 * 82};
-    const docking::Window narrow{15 * 400, 0, 15 * 100, 15 * 82};
+    const toolkit::Bounds wide{0, 0, 15 * 400, 15 * 82};
+    const toolkit::Bounds narrow{15 * 400, 0, 15 * 100, 15 * 82};
     const auto list = [](const docking::Pair& pair) { return pair.playlist.x.value(); };
     const auto move = [&](int x) {
         return docking::moveSideBySide({{0, 300}, {x, 300}}, wide, narrow, wholeScreen);
@@ -233,14 +233,14 @@ TEST_CASE("side by side the sizes differ from step to step") {
 }
 
 TEST_CASE("stacked, the playlist's height is what counts at the bottom") {
-    const docking::Window high{0, 0, 15 * 276, 15 * 200};
-    const docking::Window low{0, 15 * 200, 15 * 276, 15 * 50};
+    const toolkit::Bounds high{0, 0, 15 * 276, 15 * 200};
+    const toolkit::Bounds low{0, 15 * 200, 15 * 276, 15 * 50};
     const docking::Pair down =
         docking::moveStacked({{300, 600}, {300, 710}}, high, low, wholeScreen);
     CHECK(down.playlist.y == 718);
     CHECK(down.player.y == 668);
-    const docking::Window under{0, 15 * 50, 15 * 276, 15 * 200};
-    const docking::Window over{0, 0, 15 * 276, 15 * 50};
+    const toolkit::Bounds under{0, 15 * 50, 15 * 276, 15 * 200};
+    const toolkit::Bounds over{0, 0, 15 * 276, 15 * 50};
     const docking::Pair up = docking::moveStacked({{300, 60}, {300, 10}}, under, over, wholeScreen);
     CHECK(up.playlist.y == 0);
     CHECK(up.player.y == 200);
@@ -256,7 +256,7 @@ TEST_CASE("exact contact counts whatever the sideways place") {
 }
 
 TEST_CASE("a twip off is no contact") {
-    docking::Window other = windowAt(0, 182);
+    toolkit::Bounds other = windowAt(0, 182);
     other.top += 1;
     CHECK_FALSE(docking::touchStacked(windowAt(0, 100), other));
 }

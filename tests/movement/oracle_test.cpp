@@ -111,7 +111,7 @@ docking::Place placeOf(const oracle::Pair& pair) { return {pair[Across], pair[Do
 
 oracle::Pair pairOf(const docking::Place& place) { return {place.x.value(), place.y.value()}; }
 
-docking::Window windowOf(const Box& box) {
+toolkit::Bounds windowOf(const Box& box) {
     return {static_cast<float>(box.at[Across]), static_cast<float>(box.at[Down]),
             static_cast<float>(box.size[Across]), static_cast<float>(box.size[Down])};
 }
@@ -149,8 +149,8 @@ bool samePull(const Scene& made, const Box& moving, const Box& still) {
 }
 
 bool sameTouch(const Scene& made) {
-    const docking::Window player = windowOf(made.player);
-    const docking::Window playlist = windowOf(made.playlist);
+    const toolkit::Bounds player = windowOf(made.player);
+    const toolkit::Bounds playlist = windowOf(made.playlist);
     return docking::touchStacked(player, playlist) ==
                oracle::touch(made.player, made.playlist, Down) &&
            docking::touchSideBySide(player, playlist) ==

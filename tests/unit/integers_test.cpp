@@ -1,3 +1,4 @@
+#include "runtime/bool16.h"
 #include "runtime/integers.h"
 #include "tests/unit/error_of.h"
 
@@ -86,6 +87,6 @@ TEST_CASE("comparing raises nothing, whatever stands on the other side") {
 }
 
 TEST_CASE("a 16-bit boolean is -1 or 0") {
-    CHECK(runtime::Bool16(runtime::True16) == -1);
-    CHECK(runtime::Bool16(runtime::False16) == 0);
+    CHECK(runtime::Bool16(true).value() == -1);
+    CHECK(runtime::Bool16(false).value() == 0);
 }

@@ -1,4 +1,4 @@
-#include "playback/time_text.h"
+#include "mainwindow/time_text.h"
 
 #include "runtime/number_text.h"
 
@@ -8,4 +8,8 @@ std::string timeText(runtime::Fixed length, runtime::Fixed position, bool showEl
     const double minutes = (time - runtime::Fixed(seconds)).toDouble() / 60;
     return (showElapsed ? "" : "-") + runtime::twoDigits(minutes) + ":" +
            runtime::twoDigits(seconds);
+}
+
+std::string counterText(runtime::Int16 position, runtime::Int16 length) {
+    return runtime::textOf(position) + " / " + runtime::textOf(length);
 }

@@ -1,13 +1,18 @@
-#include "playback/text_helpers.h"
+#include "runtime/text.h"
 
 #include "runtime/errors.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <limits>
 
+namespace runtime {
 namespace {
 
 /// Positions are counted in 16 bits; running past the last one is an overflow.
 constexpr std::size_t lastPosition = std::numeric_limits<std::int16_t>::max();
+
+char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 } // namespace
 
@@ -19,8 +24,20 @@ std::string fileTitleOf(const std::string& path) {
 std::string nextField(std::string& line, char delimiter) {
     const std::size_t end = line.find(delimiter);
     // A line without the delimiter has its end beyond every position.
-    if (end >= lastPosition) runtime::raise(runtime::Overflow);
+    if (end >= lastPosition) raise(Overflow);
     std::string field = line.substr(0, end);
     line.erase(0, end + 1);
     return field;
 }
+
+std::string withoutTrailingBlanks(std::string text) {
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+bool equalIgnoringCase(std::string_view first, std::string_view second) {
+    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
+                      [](char a, char b) { return lowered(a) == lowered(b); });
+}
+
+} // namespace runtime

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace runtime {
+
 /// A fixed character buffer: a text put into it is cut at its size or padded with blanks up to it.
 template <std::size_t Size>
 class FixedText {
@@ -32,3 +34,5 @@ class FixedText {
   private:
     std::array<char, Size + 1> characters_{};
 };
+
+} // namespace runtime
