@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
+#include <iterator>
 
 namespace runtime {
 namespace {
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 struct Digits {
     bool negative = false;
@@ -20,13 +22,15 @@ struct Digits {
 /// The value rounded to at most `precision` significant digits.
 Digits digitsOf(double value, int precision) {
     char buffer[40];
-    std::snprintf(buffer, sizeof buffer, "%.*e", precision - 1, std::fabs(value));
+    char* const end = std::to_chars(buffer, std::end(buffer), std::fabs(value),
+                                    std::chars_format::scientific, precision - 1)
+                          .ptr;
+    char* const mark = std::find(buffer, end, 'e');
     Digits digits;
     digits.negative = std::signbit(value) && value != 0.0;
-    const char* at = buffer;
-    for (; *at != 'e'; ++at)
-        if (*at >= '0' && *at <= '9') digits.significant += *at; // skips any decimal sign
-    digits.exponent = std::atoi(at + 1); // NOLINT(cert-err34-c): printed by the line above
+    std::copy_if(buffer, mark, std::back_inserter(digits.significant), isDigit);
+    // A plus sign is no part of what from_chars reads.
+    std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end, digits.exponent);
     while (digits.significant.size() > 1 && digits.significant.back() == '0')
         digits.significant.pop_back();
     return digits;
@@ -35,9 +39,9 @@ Digits digitsOf(double value, int precision) {
 std::string scientific(const Digits& digits, char decimalSign) {
     std::string text = digits.significant.substr(0, 1);
     if (digits.significant.size() > 1) text += decimalSign + digits.significant.substr(1);
-    char exponent[8];
-    std::snprintf(exponent, sizeof exponent, "E%+03d", digits.exponent);
-    return text + exponent;
+    const int size = std::abs(digits.exponent);
+    return text + (digits.exponent < 0 ? "E-" : "E+") + (size < 10 ? "0" : "") +
+           std::to_string(size);
 }
 
 std::string plain(const Digits& digits, char decimalSign) {
@@ -63,8 +67,6 @@ std::string realText(double value, int precision, char decimalSign) {
 }
 
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::size_t digitsAt(std::string_view text, std::size_t at) {
     std::size_t count = 0;
@@ -171,8 +173,10 @@ std::string twoDigits(double value) {
     if (!std::isfinite(value)) raise(Overflow);
     const double whole = nearestEven(value);
     char buffer[320]; // the largest double has 309 digits
-    std::snprintf(buffer, sizeof buffer, "%s%02.0f", whole < 0.0 ? "-" : "", std::fabs(whole));
-    return buffer;
+    char* const end =
+        std::to_chars(buffer, std::end(buffer), std::fabs(whole), std::chars_format::fixed, 0).ptr;
+    const std::string digits(buffer, end);
+    return (whole < 0.0 ? "-" : "") + (digits.size() < 2 ? "0" + digits : digits);
 }
 
 } // namespace runtime
