@@ -10,7 +10,6 @@ namespace {
 
 // Far beyond what a disk that works takes; one that has stalled must not hold the windows longer.
 constexpr std::chrono::milliseconds openPatience{8000};
-constexpr std::chrono::milliseconds connectPatience{1500};
 
 } // namespace
 
@@ -50,7 +49,7 @@ Device::Answer Device::handle(const MediaCommand& command) {
     return {};
 }
 
-bool Device::reachServer() { return output_.server().reach(connectPatience); }
+bool Device::reachServer() { return output_.server().reach(); }
 
 MediaError Device::open(const MediaCommand& command) {
     if (track_) return MediaError::AliasInUse;

@@ -4,7 +4,6 @@
 #include "platform/linux/media/stream_volume.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstring>
 #include <string_view>
 
@@ -14,8 +13,6 @@ namespace {
 // What the wave device answers, besides 0.
 constexpr std::uint32_t badDevice = 2;
 constexpr std::uint32_t noDriver = 6;
-
-constexpr std::chrono::milliseconds connectPatience{1500};
 
 struct Sound {
     media::Output output;
@@ -36,7 +33,7 @@ void copyCut(std::string_view from, char* to, std::uint32_t size) {
     to[count] = '\0';
 }
 
-bool reachServer() { return sound().output.server().reach(connectPatience); }
+bool reachServer() { return sound().output.server().reach(); }
 
 } // namespace
 

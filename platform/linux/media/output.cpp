@@ -50,20 +50,23 @@ std::string streamNameOf(const std::string& hostPath) {
     return pa_utf8_valid(name.c_str()) != nullptr ? name : std::string("music");
 }
 
-void unrefIfAny(pa_operation* operation) {
-    if (operation != nullptr) pa_operation_unref(operation);
-}
+/// Sent, and nobody waits for the answer.
+void letGo(pa_operation* operation) { const QuestionHandle sent(operation); }
 
 } // namespace
 
-Output::Output() : server_([this] { lose(); }) {}
+Output::Output()
+    : server_([this] {
+          server_.assertLocked();
+          lose();
+      }) {}
 
 bool Output::streamReady() const {
-    return stream_ != nullptr && pa_stream_get_state(stream_) == PA_STREAM_READY;
+    return stream_ && pa_stream_get_state(stream_.get()) == PA_STREAM_READY;
 }
 
 void Output::play(const std::shared_ptr<Track>& track, Span span) {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     if (track_ != track) {
         dropStream();
         track_ = track;
@@ -76,7 +79,7 @@ void Output::play(const std::shared_ptr<Track>& track, Span span) {
     written_ = 0;
     blockOffset_ = 0;
     clock_.restart(track_->format().rate);
-    if (stream_ == nullptr) {
+    if (!stream_) {
         streamStart_ = 0;
         makeStream();
     } else if (streamReady()) {
@@ -88,7 +91,7 @@ void Output::play(const std::shared_ptr<Track>& track, Span span) {
 }
 
 void Output::pause() {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     if (mode_ != Mode::Playing) return;
     mode_ = Mode::Paused;
     clock_.heard(now(), written_);
@@ -99,14 +102,14 @@ void Output::pause() {
 }
 
 void Output::resume() {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     if (mode_ != Mode::Paused) return;
     mode_ = Mode::Playing;
     pump();
 }
 
 void Output::stop() {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     if (mode_ == Mode::Still) return;
     clock_.halt(now());
     mode_ = Mode::Still;
@@ -114,19 +117,19 @@ void Output::stop() {
 }
 
 void Output::close() {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     dropStream();
     mode_ = Mode::Still;
     track_.reset();
 }
 
 void Output::deliver() {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     pump();
 }
 
 Output::Heard Output::heard() {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     Heard heard;
     heard.finished = finished_;
     heard.lost = lost_;
@@ -141,13 +144,13 @@ Output::Heard Output::heard() {
 }
 
 std::optional<std::uint32_t> Output::streamIndex() {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     if (!streamReady()) return std::nullopt;
-    return pa_stream_get_index(stream_);
+    return pa_stream_get_index(stream_.get());
 }
 
 void Output::setStartVolume(std::optional<std::uint32_t> word) {
-    const auto lock = server_.lock();
+    const Server::Lock lock(server_);
     startVolume_ = word;
 }
 
@@ -158,8 +161,8 @@ void Output::makeStream() {
     }
     const pa_sample_spec sampling = samplingOf(track_->format());
     const std::string name = streamNameOf(track_->hostPath());
-    stream_ = pa_stream_new(server_.context(), name.c_str(), &sampling, nullptr);
-    if (stream_ == nullptr) {
+    stream_.reset(pa_stream_new(server_.context(), name.c_str(), &sampling, nullptr));
+    if (!stream_) {
         lose();
         return;
     }
@@ -177,51 +180,47 @@ void Output::makeStream() {
         volume.values[1] = wanted.right;
     }
     corked_ = Corked::Yes;
-    if (pa_stream_connect_playback(stream_, nullptr, &buffer, PA_STREAM_START_CORKED,
+    if (pa_stream_connect_playback(stream_.get(), nullptr, &buffer, PA_STREAM_START_CORKED,
                                    startVolume_ ? &volume : nullptr, nullptr) < 0)
         lose();
 }
 
 void Output::setCallbacks() {
-    pa_stream_set_state_callback(stream_, &Output::onState, this);
-    pa_stream_set_write_callback(stream_, &Output::onRoom, this);
-    pa_stream_set_started_callback(stream_, &Output::onMotion, this);
-    pa_stream_set_moved_callback(stream_, &Output::onMotion, this);
-    pa_stream_set_suspended_callback(stream_, &Output::onMotion, this);
-}
-
-void Output::clearCallbacks() {
-    pa_stream_set_state_callback(stream_, nullptr, nullptr);
-    pa_stream_set_write_callback(stream_, nullptr, nullptr);
-    pa_stream_set_started_callback(stream_, nullptr, nullptr);
-    pa_stream_set_moved_callback(stream_, nullptr, nullptr);
-    pa_stream_set_suspended_callback(stream_, nullptr, nullptr);
+    pa_stream* stream = stream_.get();
+    pa_stream_set_state_callback(stream, &Output::onState, this);
+    pa_stream_set_write_callback(stream, &Output::onRoom, this);
+    pa_stream_set_started_callback(stream, &Output::onMotion, this);
+    pa_stream_set_moved_callback(stream, &Output::onMotion, this);
+    pa_stream_set_suspended_callback(stream, &Output::onMotion, this);
 }
 
 void Output::onState(pa_stream* stream, void* self) {
-    auto* output = static_cast<Output*>(self);
+    auto& output = *static_cast<Output*>(self);
+    output.server_.assertLocked();
     const pa_stream_state_t state = pa_stream_get_state(stream);
-    if (state == PA_STREAM_READY) output->pump();
-    if (state == PA_STREAM_FAILED || state == PA_STREAM_TERMINATED) output->lose();
+    if (state == PA_STREAM_READY) output.pump();
+    if (state == PA_STREAM_FAILED || state == PA_STREAM_TERMINATED) output.lose();
 }
 
-void Output::onRoom(pa_stream*, std::size_t, void* self) { static_cast<Output*>(self)->pump(); }
+void Output::onRoom(pa_stream*, std::size_t, void* self) {
+    auto& output = *static_cast<Output*>(self);
+    output.server_.assertLocked();
+    output.pump();
+}
 
 /// The sound set in, was held up, or goes another way now.
 void Output::onMotion(pa_stream* stream, void* self) {
-    auto* output = static_cast<Output*>(self);
-    if (pa_stream_is_suspended(stream) > 0) output->clock_.halt(now());
-    output->askTiming();
+    auto& output = *static_cast<Output*>(self);
+    output.server_.assertLocked();
+    if (pa_stream_is_suspended(stream) > 0) output.clock_.halt(now());
+    output.askTiming();
 }
 
 void Output::dropStream() {
     cancelEnd();
     timingAsked_.clear();
-    if (stream_ == nullptr) return;
-    clearCallbacks();
-    if (server_.ready()) pa_stream_disconnect(stream_);
-    pa_stream_unref(stream_);
-    stream_ = nullptr;
+    if (stream_ && server_.ready()) pa_stream_disconnect(stream_.get());
+    stream_.reset();
 }
 
 void Output::lose() {
@@ -233,7 +232,7 @@ void Output::lose() {
 void Output::cork(Corked corked) {
     if (!streamReady() || corked_ == corked) return;
     corked_ = corked;
-    unrefIfAny(pa_stream_cork(stream_, corked == Corked::Yes ? 1 : 0, nullptr, nullptr));
+    letGo(pa_stream_cork(stream_.get(), corked == Corked::Yes ? 1 : 0, nullptr, nullptr));
 }
 
 /// Corking first makes the server take back what it has mixed but not played.
@@ -241,7 +240,7 @@ void Output::silence() {
     cancelEnd();
     if (!streamReady()) return;
     cork(Corked::Yes);
-    unrefIfAny(pa_stream_flush(stream_, nullptr, nullptr));
+    letGo(pa_stream_flush(stream_.get(), nullptr, nullptr));
 }
 
 void Output::pump() {
@@ -259,7 +258,7 @@ bool Output::hasEnough() const {
     if (decodedAll_) return true;
     const SoundFormat format = track_->format();
     return written_ >= framesOfThousandths(startMilliseconds, format.rate) ||
-           pa_stream_writable_size(stream_) < format.bytesPerFrame();
+           pa_stream_writable_size(stream_.get()) < format.bytesPerFrame();
 }
 
 bool Output::writeBlock() {
@@ -267,10 +266,10 @@ bool Output::writeBlock() {
     Block* block = track_->front(request_);
     if (block == nullptr) return false;
     const std::size_t frame = track_->format().bytesPerFrame();
-    const std::size_t room = pa_stream_writable_size(stream_) / frame * frame;
+    const std::size_t room = pa_stream_writable_size(stream_.get()) / frame * frame;
     const std::size_t count = std::min(room, block->bytes - blockOffset_);
     if (count > 0) {
-        if (pa_stream_write(stream_, block->data.get() + blockOffset_, count, nullptr, 0,
+        if (pa_stream_write(stream_.get(), block->data.get() + blockOffset_, count, nullptr, 0,
                             PA_SEEK_RELATIVE) < 0)
             return false;
         written_ += static_cast<std::int64_t>(count / frame);
@@ -287,10 +286,11 @@ bool Output::writeBlock() {
 bool Output::writeTail() {
     if (!decodedAll_ || finished_) return false;
     const std::size_t frame = track_->format().bytesPerFrame();
-    const std::size_t room = pa_stream_writable_size(stream_);
+    const std::size_t room = pa_stream_writable_size(stream_.get());
     const std::size_t count = std::min(room, stillness.size()) / frame * frame;
     if (count == 0) return false;
-    return pa_stream_write(stream_, stillness.data(), count, nullptr, 0, PA_SEEK_RELATIVE) == 0;
+    return pa_stream_write(stream_.get(), stillness.data(), count, nullptr, 0, PA_SEEK_RELATIVE) ==
+           0;
 }
 
 void Output::askTiming() {
@@ -299,23 +299,24 @@ void Output::askTiming() {
     if (!timingAsked_.empty() && timingAsked_.back().request == request_ &&
         timingAsked_.back().corked == corked_)
         return;
-    pa_operation* question = pa_stream_update_timing_info(stream_, &Output::onTiming, this);
-    if (question == nullptr) return;
-    pa_operation_unref(question);
+    const QuestionHandle question(
+        pa_stream_update_timing_info(stream_.get(), &Output::onTiming, this));
+    if (!question) return;
     timingAsked_.push_back({request_, corked_});
 }
 
 void Output::onTiming(pa_stream* stream, int success, void* self) {
-    auto* output = static_cast<Output*>(self);
+    auto& output = *static_cast<Output*>(self);
+    output.server_.assertLocked();
     // A stream that was given up may still answer.
-    if (stream != output->stream_ || output->timingAsked_.empty()) return;
-    const TimingAsked asked = output->timingAsked_.front();
-    output->timingAsked_.pop_front();
-    if (success != 0 && asked.request == output->request_) output->takeTiming(asked);
+    if (stream != output.stream_.get() || output.timingAsked_.empty()) return;
+    const TimingAsked asked = output.timingAsked_.front();
+    output.timingAsked_.pop_front();
+    if (success != 0 && asked.request == output.request_) output.takeTiming(asked);
 }
 
 void Output::takeTiming(TimingAsked asked) {
-    const pa_timing_info* info = pa_stream_get_timing_info(stream_);
+    const pa_timing_info* info = pa_stream_get_timing_info(stream_.get());
     if (info == nullptr) return;
     if (!streamStart_) streamStart_ = info->read_index;
     if (asked.corked != corked_ || mode_ == Mode::Still) return;
@@ -344,23 +345,22 @@ void Output::planEnd() {
     if (clock_.motion() != PlayClock::Motion::Running || !server_.ready()) return;
     const std::int64_t left = std::max<std::int64_t>(0, written_ - clock_.carried(now()));
     const auto wait = static_cast<pa_usec_t>(left * 1'000'000 / track_->format().rate + endSlack);
-    if (endTimer_ != nullptr) {
-        pa_context_rttime_restart(server_.context(), endTimer_, pa_rtclock_now() + wait);
+    if (endTimer_) {
+        pa_context_rttime_restart(server_.context(), endTimer_.get(), pa_rtclock_now() + wait);
         return;
     }
-    endTimer_ = pa_context_rttime_new(
+    pa_time_event* timer = pa_context_rttime_new(
         server_.context(), pa_rtclock_now() + wait,
         [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
-            static_cast<Output*>(self)->askTiming();
+            auto& output = *static_cast<Output*>(self);
+            output.server_.assertLocked();
+            output.askTiming();
         },
         this);
+    endTimer_ = TimerHandle(timer, {pa_threaded_mainloop_get_api(server_.loop())});
 }
 
-void Output::cancelEnd() {
-    if (endTimer_ == nullptr) return;
-    pa_threaded_mainloop_get_api(server_.loop())->time_free(endTimer_);
-    endTimer_ = nullptr;
-}
+void Output::cancelEnd() { endTimer_.reset(); }
 
 void Output::finish() {
     finished_ = true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/media/play_clock.h"
+#include "platform/linux/media/pulse_handles.h"
 #include "platform/linux/media/server.h"
 #include "platform/linux/media/track.h"
 
@@ -8,9 +9,6 @@
 #include <deque>
 #include <memory>
 #include <optional>
-
-struct pa_stream;
-struct pa_time_event;
 
 namespace platform::media {
 
@@ -60,23 +58,22 @@ class Output {
         Corked corked = Corked::Yes;
     };
 
-    bool streamReady() const;
-    void makeStream();
-    void dropStream();
-    void lose();
-    void cork(Corked corked);
-    void silence();
-    void pump();
-    bool hasEnough() const;
-    bool writeBlock();
-    bool writeTail();
-    void askTiming();
-    void takeTiming(TimingAsked asked);
-    void planEnd();
-    void cancelEnd();
-    void finish();
-    void setCallbacks();
-    void clearCallbacks();
+    bool streamReady() const ORVAN_REQUIRES(server_);
+    void makeStream() ORVAN_REQUIRES(server_);
+    void dropStream() ORVAN_REQUIRES(server_);
+    void lose() ORVAN_REQUIRES(server_);
+    void cork(Corked corked) ORVAN_REQUIRES(server_);
+    void silence() ORVAN_REQUIRES(server_);
+    void pump() ORVAN_REQUIRES(server_);
+    bool hasEnough() const ORVAN_REQUIRES(server_);
+    bool writeBlock() ORVAN_REQUIRES(server_);
+    bool writeTail() ORVAN_REQUIRES(server_);
+    void askTiming() ORVAN_REQUIRES(server_);
+    void takeTiming(TimingAsked asked) ORVAN_REQUIRES(server_);
+    void planEnd() ORVAN_REQUIRES(server_);
+    void cancelEnd() ORVAN_REQUIRES(server_);
+    void finish() ORVAN_REQUIRES(server_);
+    void setCallbacks() ORVAN_REQUIRES(server_);
 
     static void onState(pa_stream* stream, void* self);
     static void onRoom(pa_stream* stream, std::size_t bytes, void* self);
@@ -85,23 +82,26 @@ class Output {
 
     Server server_;
 
-    // All of these are guarded by the server's lock.
-    pa_stream* stream_ = nullptr;
-    pa_time_event* endTimer_ = nullptr;
-    std::shared_ptr<Track> track_;
-    std::uint32_t request_ = 0;
-    Span span_;
-    Mode mode_ = Mode::Still;
-    Corked corked_ = Corked::Yes;
-    bool decodedAll_ = false;
-    bool finished_ = false;
-    bool lost_ = false;
-    std::int64_t written_ = 0;                ///< frames of the span handed to the server
-    std::size_t blockOffset_ = 0;             ///< bytes of the oldest block handed over already
-    std::optional<std::int64_t> streamStart_; ///< where in the stream the span starts, in bytes
-    std::deque<TimingAsked> timingAsked_;
-    PlayClock clock_;
-    std::optional<std::uint32_t> startVolume_;
+    StreamHandle stream_ ORVAN_GUARDED_BY(server_);
+    TimerHandle endTimer_ ORVAN_GUARDED_BY(server_);
+    std::shared_ptr<Track> track_ ORVAN_GUARDED_BY(server_);
+    std::uint32_t request_ ORVAN_GUARDED_BY(server_) = 0;
+    Span span_ ORVAN_GUARDED_BY(server_);
+    Mode mode_ ORVAN_GUARDED_BY(server_) = Mode::Still;
+    Corked corked_ ORVAN_GUARDED_BY(server_) = Corked::Yes;
+    bool decodedAll_ ORVAN_GUARDED_BY(server_) = false;
+    bool finished_ ORVAN_GUARDED_BY(server_) = false;
+    bool lost_ ORVAN_GUARDED_BY(server_) = false;
+
+    /// Frames of the span handed to the server, and bytes of the oldest block.
+    std::int64_t written_ ORVAN_GUARDED_BY(server_) = 0;
+    std::size_t blockOffset_ ORVAN_GUARDED_BY(server_) = 0;
+
+    /// Where in the stream the span starts, in bytes.
+    std::optional<std::int64_t> streamStart_ ORVAN_GUARDED_BY(server_);
+    std::deque<TimingAsked> timingAsked_ ORVAN_GUARDED_BY(server_);
+    PlayClock clock_ ORVAN_GUARDED_BY(server_);
+    std::optional<std::uint32_t> startVolume_ ORVAN_GUARDED_BY(server_);
 };
 
 } // namespace platform::media

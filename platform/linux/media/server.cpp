@@ -14,7 +14,7 @@ constexpr const char* applicationName = "Orvan Music Player";
 
 } // namespace
 
-Server::Lock::Lock(pa_threaded_mainloop* loop) : loop_(loop) {
+Server::Lock::Lock(const Server& server) : loop_(server.loop()) {
     if (loop_ != nullptr) pa_threaded_mainloop_lock(loop_);
 }
 
@@ -25,65 +25,59 @@ Server::Lock::~Lock() {
 Server::Server(std::function<void()> lost) : lost_(std::move(lost)) {}
 
 bool Server::ready() const {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     return state_ == State::Ready;
 }
 
 void Server::setState(State state) {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     state_ = state;
     changed_.notify_all();
 }
 
 bool Server::startLoop() {
-    if (loop_ != nullptr) return true;
-    pa_threaded_mainloop* loop = pa_threaded_mainloop_new();
-    if (loop == nullptr) return false;
-    pa_threaded_mainloop_set_name(loop, "sound server");
-    if (pa_threaded_mainloop_start(loop) < 0) {
-        pa_threaded_mainloop_free(loop);
-        return false;
-    }
-    loop_ = loop;
+    if (loop_) return true;
+    LoopHandle loop(pa_threaded_mainloop_new());
+    if (!loop) return false;
+    pa_threaded_mainloop_set_name(loop.get(), "sound server");
+    if (pa_threaded_mainloop_start(loop.get()) < 0) return false;
+    loop_ = std::move(loop);
     return true;
 }
 
 bool Server::reach(std::chrono::milliseconds limit) {
     if (!startLoop()) return false;
     const bool begin = [this] {
-        const std::lock_guard lock(mutex_);
+        const MutexLock lock(mutex_);
         if (state_ != State::Apart) return false;
         state_ = State::Connecting;
         return true;
     }();
     if (begin) {
         // On the server's thread, since connecting may have to start the server first.
-        const Lock lock(loop_);
+        const Lock lock(*this);
         pa_threaded_mainloop_once_unlocked(
-            loop_, [](pa_threaded_mainloop*, void* self) { static_cast<Server*>(self)->connect(); },
-            this);
+            loop(),
+            [](pa_threaded_mainloop*, void* self) { static_cast<Server*>(self)->connect(); }, this);
     }
-    std::unique_lock lock(mutex_);
-    changed_.wait_for(lock, begin ? limit : std::min(limit, shortPatience),
-                      [this] { return state_ != State::Connecting; });
+    MutexLock lock(mutex_);
+    lock.waitFor(changed_, begin ? limit : std::min(limit, shortPatience),
+                 [this]() ORVAN_REQUIRES(mutex_) { return state_ != State::Connecting; });
     return state_ == State::Ready;
 }
 
 void Server::connect() {
+    pa_context* fresh = nullptr;
     {
-        const Lock lock(loop_);
-        if (context_ != nullptr) {
-            pa_context_set_state_callback(context_, nullptr, nullptr);
-            pa_context_disconnect(context_);
-            pa_context_unref(context_);
-        }
-        context_ = pa_context_new(pa_threaded_mainloop_get_api(loop_), applicationName);
-        if (context_ != nullptr)
-            pa_context_set_state_callback(context_, &Server::onConnectionState, this);
+        const Lock lock(*this);
+        context_.reset();
+        context_.reset(pa_context_new(pa_threaded_mainloop_get_api(loop()), applicationName));
+        fresh = context_.get();
+        if (fresh != nullptr)
+            pa_context_set_state_callback(fresh, &Server::onConnectionState, this);
     }
     // Nobody else touches the connection before it is ready, so this may go without the lock.
-    if (context_ == nullptr ||
-        pa_context_connect(context_, nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0)
+    if (fresh == nullptr || pa_context_connect(fresh, nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0)
         setState(State::Apart);
 }
 
@@ -105,35 +99,37 @@ void Server::onConnectionState(pa_context* context, void* self) {
     }
 }
 
-bool Server::ask(const std::function<pa_operation*()>& ask, std::chrono::milliseconds limit) {
+bool Server::ask(const Question& ask, std::chrono::milliseconds limit) {
     if (!ready()) return false;
-    pa_operation* question = nullptr;
+    QuestionHandle question;
     {
-        const Lock loopLock(loop_);
+        const Lock serverLock(*this);
         {
-            const std::lock_guard lock(mutex_);
+            const MutexLock lock(mutex_);
             if (state_ != State::Ready) return false;
             answered_ = false;
         }
-        question = ask();
-        if (question == nullptr) return false;
+        question.reset(ask(context_.get()));
+        if (!question) return false;
     }
     bool inTime = false;
     {
-        std::unique_lock lock(mutex_);
-        changed_.wait_for(lock, hangs_ ? std::min(limit, shortPatience) : limit,
-                          [this] { return answered_ || state_ != State::Ready; });
+        MutexLock lock(mutex_);
+        lock.waitFor(changed_, hangs_ ? std::min(limit, shortPatience) : limit,
+                     [this]()
+                         ORVAN_REQUIRES(mutex_) { return answered_ || state_ != State::Ready; });
         inTime = answered_;
         hangs_ = !answered_ && state_ == State::Ready;
     }
-    const Lock loopLock(loop_);
-    if (pa_operation_get_state(question) == PA_OPERATION_RUNNING) pa_operation_cancel(question);
-    pa_operation_unref(question);
+    const Lock serverLock(*this);
+    if (pa_operation_get_state(question.get()) == PA_OPERATION_RUNNING)
+        pa_operation_cancel(question.get());
+    question.reset();
     return inTime;
 }
 
 void Server::answered() {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     answered_ = true;
     changed_.notify_all();
 }

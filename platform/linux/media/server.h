@@ -1,27 +1,26 @@
 #pragma once
 
+#include "platform/linux/media/locks.h"
+#include "platform/linux/media/pulse_handles.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <functional>
-#include <mutex>
-
-struct pa_context;
-struct pa_operation;
-struct pa_threaded_mainloop;
 
 namespace platform::media {
 
 /// The connection to the sound server, made at the first need and kept. The server's own thread
-/// serves it. Lives as long as the process.
-class Server {
+/// serves it. Lives as long as the process. It is a lock, too: who holds it keeps the server's
+/// thread out.
+class ORVAN_CAPABILITY("sound server") Server {
   public:
     enum class State { Apart, Connecting, Ready };
 
     /// Keeps the server's thread out while it lives. Nothing may wait inside one.
-    class Lock {
+    class ORVAN_SCOPED_CAPABILITY Lock {
       public:
-        explicit Lock(pa_threaded_mainloop* loop);
-        ~Lock();
+        explicit Lock(const Server& server) ORVAN_ACQUIRE(server);
+        ~Lock() ORVAN_RELEASE();
         Lock(const Lock&) = delete;
         Lock& operator=(const Lock&) = delete;
 
@@ -32,40 +31,48 @@ class Server {
     /// `lost` is called, locked, on the server's thread when the connection breaks.
     explicit Server(std::function<void()> lost);
 
+    /// What a server that has to be started first takes.
+    static constexpr std::chrono::milliseconds patience{1500};
+
     /// Connects at need, and waits for that no longer than `limit`. Interface thread.
-    bool reach(std::chrono::milliseconds limit);
+    bool reach(std::chrono::milliseconds limit = patience);
 
     /// Whether commands can be sent right now. Any thread.
-    bool ready() const;
+    bool ready() const ORVAN_EXCLUDES(mutex_);
 
-    Lock lock() const { return Lock(loop_); }
-    bool hasLoop() const { return loop_ != nullptr; }
-    pa_threaded_mainloop* loop() const { return loop_; }
+    /// For what the server's thread calls by itself: it does so locked.
+    void assertLocked() const ORVAN_ASSERT_HELD(this) {}
 
-    /// The connection; only while `ready`, and locked.
-    pa_context* context() const { return context_; }
+    pa_threaded_mainloop* loop() const { return loop_.get(); }
+
+    /// The connection; only while `ready`.
+    pa_context* context() const ORVAN_REQUIRES(this) { return context_.get(); }
+
+    using Question = std::function<pa_operation*(pa_context*)>;
 
     /// Sends one question and waits for its answer, no longer than `limit`. `ask` starts it,
     /// locked; its callback has to call `answered` as its last act. False without an answer, and
     /// then the callback will not come any more. Interface thread, not locked.
-    bool ask(const std::function<pa_operation*()>& ask, std::chrono::milliseconds limit);
-    void answered();
+    bool ask(const Question& ask, std::chrono::milliseconds limit) ORVAN_EXCLUDES(this, mutex_);
+    void answered() ORVAN_EXCLUDES(mutex_);
 
   private:
     bool startLoop();
-    void connect();
-    void setState(State state);
+    void connect() ORVAN_EXCLUDES(this);
+    void setState(State state) ORVAN_EXCLUDES(mutex_);
     static void onConnectionState(pa_context* context, void* self);
 
     const std::function<void()> lost_;
-    pa_threaded_mainloop* loop_ = nullptr;
-    pa_context* context_ = nullptr;
+    LoopHandle loop_;
+    ContextHandle context_ ORVAN_GUARDED_BY(this);
 
-    mutable std::mutex mutex_;
+    mutable Mutex mutex_;
     std::condition_variable changed_;
-    State state_ = State::Apart; // guarded by mutex_
-    bool answered_ = false;      // guarded by mutex_
-    bool hangs_ = false;         ///< the last question had no answer: hold nobody up again
+    State state_ ORVAN_GUARDED_BY(mutex_) = State::Apart;
+    bool answered_ ORVAN_GUARDED_BY(mutex_) = false;
+
+    /// The last question had no answer: hold nobody up again.
+    bool hangs_ ORVAN_GUARDED_BY(mutex_) = false;
 };
 
 } // namespace platform::media

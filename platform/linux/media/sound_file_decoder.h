@@ -9,11 +9,13 @@
 #include <string>
 #include <vector>
 
+struct SF_INFO;
 struct sf_private_tag;
 
 namespace platform::media {
 
-/// WAV and its like, by libsndfile. Any number of channels, mixed down to two.
+/// WAV and its like, by libsndfile. Any number of channels, mixed down to two. Where the library
+/// can't find a place in a coding, such as GSM 6.10, all before the place is decoded and dropped.
 class SoundFileDecoder {
   public:
     /// Takes over a whole file, to be read as if it began with `head`. False if it is none that
@@ -40,6 +42,8 @@ class SoundFileDecoder {
         void operator()(sf_private_tag* file) const;
     };
 
+    bool openSound(SF_INFO& info);
+    bool seekByDecoding(std::int64_t frame);
     template <class Sample>
     std::size_t readSamples(std::byte* to, std::size_t count, std::vector<Sample>& mixBuffer);
 
@@ -47,7 +51,8 @@ class SoundFileDecoder {
     std::unique_ptr<sf_private_tag, Closer> sound_;
     SoundFormat format_;
     std::int64_t frames_ = 0;
-    std::int64_t at_ = 0;
+    std::int64_t at_ = 0;      ///< the next frame to be read
+    bool findsPlaces_ = false; ///< the library does
     std::size_t channels_ = 0;
     std::vector<short> shorts_;
     std::vector<float> floats_;

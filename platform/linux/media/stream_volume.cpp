@@ -79,7 +79,9 @@ std::optional<std::uint32_t> StreamVolume::getOfStream(std::uint32_t stream) {
         if (end != 0) it->server.answered();
     };
     const bool answered = server.ask(
-        [&] { return pa_context_get_sink_input_info(server.context(), stream, take, &answer); },
+        [&](pa_context* context) {
+            return pa_context_get_sink_input_info(context, stream, take, &answer);
+        },
         patience);
     if (!answered || !answer.good) return std::nullopt;
     return answer.value;
@@ -95,9 +97,8 @@ bool StreamVolume::setOfStream(std::uint32_t stream, std::uint32_t word) {
         it->server.answered();
     };
     const bool answered = server.ask(
-        [&] {
-            return pa_context_set_sink_input_volume(server.context(), stream, &volume, take,
-                                                    &answer);
+        [&](pa_context* context) {
+            return pa_context_set_sink_input_volume(context, stream, &volume, take, &answer);
         },
         patience);
     return answered && answer.good;
@@ -121,7 +122,8 @@ std::optional<StreamVolume::Kept> StreamVolume::readKept() {
         }
     };
     const bool answered = server.ask(
-        [&] { return pa_ext_stream_restore_read(server.context(), take, &answer); }, patience);
+        [&](pa_context* context) { return pa_ext_stream_restore_read(context, take, &answer); },
+        patience);
     if (!answered) return std::nullopt;
     return answer.value;
 }
@@ -141,9 +143,9 @@ bool StreamVolume::writeKept(const Kept& kept) {
         it->server.answered();
     };
     const bool answered = server.ask(
-        [&] {
-            return pa_ext_stream_restore_write(server.context(), PA_UPDATE_REPLACE, &info, 1, 1,
-                                               take, &answer);
+        [&](pa_context* context) {
+            return pa_ext_stream_restore_write(context, PA_UPDATE_REPLACE, &info, 1, 1, take,
+                                               &answer);
         },
         patience);
     return answered && answer.good;

@@ -28,18 +28,21 @@ Track::Opened Track::open(const std::string& hostPath, std::chrono::milliseconds
     } catch (const std::system_error&) {
         return {MediaError::OutOfMemory, nullptr};
     }
-    std::unique_lock lock(track->mutex_);
-    const bool inTime =
-        track->changed_.wait_for(lock, limit, [&] { return track->opening_ == Opening::Done; });
-    if (!inTime || track->openError_ != MediaError::None) {
-        track->released_ = true;
-        return {inTime ? track->openError_ : MediaError::TimedOut, nullptr};
-    }
-    return {MediaError::None, track};
+    const MediaError error = track->waitForOpening(limit);
+    if (error == MediaError::None) return {error, track};
+    track->release();
+    return {error, nullptr};
+}
+
+MediaError Track::waitForOpening(std::chrono::milliseconds limit) {
+    MutexLock lock(mutex_);
+    const bool inTime = lock.waitFor(
+        changed_, limit, [this]() ORVAN_REQUIRES(mutex_) { return opening_ == Opening::Done; });
+    return inTime ? openError_ : MediaError::TimedOut;
 }
 
 std::uint32_t Track::request(Span span) {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     requested_ = span;
     ++lastRequest_;
     changed_.notify_all();
@@ -47,7 +50,7 @@ std::uint32_t Track::request(Span span) {
 }
 
 void Track::release() {
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     released_ = true;
     changed_.notify_all();
 }
@@ -68,7 +71,7 @@ Block* Track::front(std::uint32_t request) {
 void Track::pop() {
     queue_->pop();
     if (queue_->waiting() + blocksPerStroke != BlockQueue::capacity) return;
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     changed_.notify_all();
 }
 
@@ -91,7 +94,7 @@ void Track::openFile() {
     } catch (const std::bad_alloc&) {
         error = MediaError::OutOfMemory;
     }
-    const std::lock_guard lock(mutex_);
+    const MutexLock lock(mutex_);
     opening_ = Opening::Done;
     openError_ = error;
     if (error != MediaError::None) released_ = true;
@@ -108,8 +111,8 @@ void Track::decodeRequests() {
 }
 
 bool Track::waitForWork() {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] {
+    MutexLock lock(mutex_);
+    lock.wait(changed_, [this]() ORVAN_REQUIRES(mutex_) {
         const bool room = queue_ && queue_->waiting() + blocksPerStroke <= BlockQueue::capacity;
         return released_ || lastRequest_ != current_ || (active_ && room);
     });
@@ -119,7 +122,7 @@ bool Track::waitForWork() {
 Track::Going Track::takeRequest() {
     Span span;
     {
-        const std::lock_guard lock(mutex_);
+        const MutexLock lock(mutex_);
         if (released_) return Going::Away;
         if (lastRequest_ == current_) return Going::On;
         current_ = lastRequest_;

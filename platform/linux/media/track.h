@@ -2,6 +2,7 @@
 
 #include "platform/linux/media/block_queue.h"
 #include "platform/linux/media/decoder.h"
+#include "platform/linux/media/locks.h"
 
 #include <atomic>
 #include <chrono>
@@ -9,7 +10,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 
 namespace platform::media {
@@ -59,6 +59,7 @@ class Track {
     enum class Opening { Running, Done };
     enum class Going { On, Away };
 
+    MediaError waitForOpening(std::chrono::milliseconds limit);
     static void run(const std::shared_ptr<Track>& track);
     void openFile();
     void decodeRequests();
@@ -71,13 +72,13 @@ class Track {
     SoundFormat format_;
     std::int64_t frames_ = 0;
 
-    std::mutex mutex_;
+    Mutex mutex_;
     std::condition_variable changed_;
-    Opening opening_ = Opening::Running;      // guarded by mutex_
-    MediaError openError_ = MediaError::None; // guarded by mutex_
-    bool released_ = false;                   // guarded by mutex_
-    Span requested_;                          // guarded by mutex_
-    std::uint32_t lastRequest_ = 0;           // guarded by mutex_
+    Opening opening_ ORVAN_GUARDED_BY(mutex_) = Opening::Running;
+    MediaError openError_ ORVAN_GUARDED_BY(mutex_) = MediaError::None;
+    bool released_ ORVAN_GUARDED_BY(mutex_) = false;
+    Span requested_ ORVAN_GUARDED_BY(mutex_);
+    std::uint32_t lastRequest_ ORVAN_GUARDED_BY(mutex_) = 0;
 
     std::unique_ptr<BlockQueue> queue_;
     std::atomic<bool> starving_ = true; ///< the reader found nothing: tell it when there is more
@@ -85,7 +86,7 @@ class Track {
     // The decoding thread's own.
     Decoder decoder_;
     std::size_t blockFrames_ = 0;
-    std::uint32_t current_ = 0;
+    std::uint32_t current_ = 0; ///< the request that it works at
     std::int64_t left_ = 0;
     bool active_ = false;
 };

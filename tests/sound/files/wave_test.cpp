@@ -150,6 +150,45 @@ TEST_CASE("a WAV of every make sounds at any place as from its start") {
     }
 }
 
+TEST_CASE("telephone codings that can't be searched play from any place, and have their length") {
+    struct Row {
+        const char* name;
+        int format;
+        int rate = 8000;
+    };
+    for (const Row& row : {
+             Row{"gsm.wav", SF_FORMAT_WAV | SF_FORMAT_GSM610},
+             Row{"gsm-11025.wav", SF_FORMAT_WAV | SF_FORMAT_GSM610, 11025},
+             Row{"gsm.aiff", SF_FORMAT_AIFF | SF_FORMAT_GSM610},
+             Row{"g721.wav", SF_FORMAT_WAV | SF_FORMAT_G721_32},
+             Row{"g721.snd", SF_FORMAT_AU | SF_FORMAT_G721_32},
+             Row{"g723-24.snd", SF_FORMAT_AU | SF_FORMAT_G723_24},
+             Row{"g723-40.snd", SF_FORMAT_AU | SF_FORMAT_G723_40},
+             Row{"nms-16.wav", SF_FORMAT_WAV | SF_FORMAT_NMS_ADPCM_16},
+             Row{"nms-24.wav", SF_FORMAT_WAV | SF_FORMAT_NMS_ADPCM_24},
+             Row{"nms-32.wav", SF_FORMAT_WAV | SF_FORMAT_NMS_ADPCM_32},
+             Row{"dwvw.aiff", SF_FORMAT_AIFF | SF_FORMAT_DWVW_16},
+         }) {
+        const std::string path = writeBySndfile(row.name, noise(3123, row.rate, 1), row.format);
+        checkLength(path, framesBySndfile(path));
+        CHECK(framesBySndfile(path) >= std::int64_t{3123} * row.rate / 1000);
+        checkPlaces(path);
+    }
+}
+
+TEST_CASE("a telephone recording that was cut short plays to where it was cut") {
+    const Bytes whole = readAll(
+        writeBySndfile("whole.wav", noise(4000, 8000, 1), SF_FORMAT_WAV | SF_FORMAT_GSM610));
+    const std::size_t data = whole.find("data") + 8;
+    const std::string path = write("cut-gsm.wav", whole.substr(0, data + std::size_t{65} * 20 + 7));
+    media::Decoder decoder;
+    REQUIRE(decoder.open(path) == MediaError::None);
+    CHECK(decoder.frames() >= 20 * 320);
+    CHECK(decoder.frames() <= 21 * 320);
+    CHECK(framesToTheEnd(decoder) == decoder.frames());
+    checkPlaces(path);
+}
+
 TEST_CASE("a WAV whose writer never came back to fill in its sizes plays whole") {
     const Bytes format = chunk("fmt ", waveFormat(1, 2, 44100, 16));
     const Bytes data = dataOf(noise(1000));
