@@ -3,7 +3,6 @@
 #include <langinfo.h>
 #include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale is POSIX's, not C++'s
 
-#include <ctime>
 #include <string_view>
 
 namespace platform {
@@ -14,17 +13,6 @@ char decimalSign() {
     const bool comma = std::string_view(::nl_langinfo_l(RADIXCHAR, user)) == ",";
     ::freelocale(user);
     return comma ? ',' : '.';
-}
-
-std::int32_t secondsSinceMidnight() {
-    // A change of the system's time zone counts from the next call on.
-    ::tzset();
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    if (::localtime_r(&now, &local) == nullptr) return 0;
-    const int seconds = (local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec;
-    constexpr int lastOfTheDay = 24 * 60 * 60 - 1;
-    return seconds < lastOfTheDay ? seconds : lastOfTheDay;
 }
 
 } // namespace platform

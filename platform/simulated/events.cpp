@@ -1,10 +1,8 @@
 #include "platform/simulated/events.h"
 
-#include "platform/desktop.h"
 #include "platform/simulated/misuse.h"
 #include "platform/simulated/window_state.h"
 #include "platform/simulated/world.h"
-#include "platform/system.h"
 
 #include <algorithm>
 #include <limits>
@@ -156,19 +154,6 @@ namespace platform {
 
 using simulated::world;
 
-TimerHandle startTimer(std::uint32_t milliseconds, std::function<void()> tick) {
-    if (milliseconds == 0) simulated::misuse("a timer of 0 ms");
-    const TimerHandle handle = ++world.events.lastTimer;
-    world.events.timers.push_back(
-        {handle, milliseconds, world.events.now + milliseconds, std::move(tick)});
-    return handle;
-}
-
-void stopTimer(TimerHandle timer) {
-    if (timer <= 3000 || timer > world.events.lastTimer) simulated::misuse("no such timer");
-    std::erase_if(world.events.timers, [&](const auto& one) { return one.handle == timer; });
-}
-
 void yieldToEvents() {
     constexpr std::uint32_t endless = 100'000;
     if (++world.events.idleYields > endless)
@@ -198,18 +183,6 @@ void fatalMessage(const char* text) {
     const simulated::Disabled disabled(simulated::allWindows());
     simulated::run();
     simulated::runNextScript(world.messages.scripts);
-}
-
-void Sleep(std::uint32_t milliseconds) {
-    world.events.now += milliseconds;
-    world.events.sleeps.push_back(milliseconds);
-    simulated::note("sleep " + std::to_string(milliseconds));
-    if (milliseconds > 0) world.events.idleYields = 0;
-}
-
-std::int32_t secondsSinceMidnight() {
-    const std::uint64_t milliseconds = world.events.midnight + world.events.now;
-    return static_cast<std::int32_t>(milliseconds / 1000 % 86400);
 }
 
 } // namespace platform

@@ -1,11 +1,9 @@
 #include "platform/simulated/files.h"
 
 #include "platform/simulated/world.h"
-#include "platform/system.h"
 #include "runtime/errors.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace simulated {
@@ -204,15 +202,6 @@ std::string folderIdentity(const std::string& folder) { return world.files.ident
 
 FolderListing listFiles(const std::string& folder, const std::string& extension) {
     return world.files.files(folder, extension);
-}
-
-std::uint32_t GetShortPathNameA(const char* path, char* buffer, std::uint32_t size) {
-    const std::string name = world.files.shortNameOf(path);
-    const auto length = static_cast<std::uint32_t>(name.size());
-    if (length == 0) return 0;
-    if (length + 1 > size) return length + 1;
-    std::memcpy(buffer, name.c_str(), length + 1);
-    return length;
 }
 
 } // namespace platform

@@ -1,36 +1,117 @@
 #include "platform/simulated/shell.h"
-
 #include "platform/simulated/window_state.h"
 #include "platform/simulated/world.h"
 
-#include <utility>
+#include <algorithm>
+#include <cstring>
 
 namespace simulated {
 namespace {
 
-const platform::MenuItem* find(const std::vector<platform::MenuItem>& items,
-                               const Menus::Script& wanted) {
-    for (const platform::MenuItem& item : items) {
-        if (!item.children.empty()) {
-            if (const platform::MenuItem* below = find(item.children, wanted)) return below;
-        } else if (wanted.id != 0 ? item.id == wanted.id : item.caption == wanted.caption) {
-            return &item;
-        }
+using platform::OPENFILENAME;
+
+std::string textOrNothing(const char* text) { return text == nullptr ? "" : text; }
+
+std::string filterText(const char* filter) {
+    if (filter == nullptr) return "";
+    std::string text;
+    while (*filter != '\0') {
+        const std::size_t length = std::strlen(filter) + 1;
+        text.append(filter, length);
+        filter += length;
     }
-    return nullptr;
+    return text;
+}
+
+std::size_t nameStart(const std::string& path) { return path.rfind('\\') + 1; }
+
+/// The folder without its last separator, except at a root.
+std::string folderPart(const std::string& path) {
+    const std::size_t start = nameStart(path);
+    if (start == 0) misuse("a picked file needs a full path: " + path);
+    const std::string folder = path.substr(0, start - 1);
+    return folder.empty() || folder.back() == ':' ? path.substr(0, start) : folder;
+}
+
+std::string selectionText(const std::vector<std::string>& files) {
+    if (files.size() == 1) return files.front() + '\0';
+    const std::string folder = folderPart(files.front());
+    std::string text = folder + '\0';
+    for (const std::string& file : files) {
+        if (folderPart(file) != folder) misuse("the picked files lie in several folders");
+        text += file.substr(nameStart(file)) + '\0';
+    }
+    return text + '\0';
+}
+
+void fillTitle(OPENFILENAME& record, const std::string& name) {
+    if (record.lpstrFileTitle == nullptr || name.size() >= record.nMaxFileTitle) return;
+    std::memcpy(record.lpstrFileTitle, name.c_str(), name.size() + 1);
+}
+
+bool confirm(OPENFILENAME& record, const std::vector<std::string>& files) {
+    const bool several = files.size() > 1;
+    if (several && (record.Flags & platform::OFN_ALLOWMULTISELECT) == 0)
+        misuse("the dialog takes one file only");
+    const std::string selection = selectionText(files);
+    if (record.lpstrFile == nullptr || selection.size() > record.nMaxFile) return false;
+    std::memcpy(record.lpstrFile, selection.data(), selection.size());
+    const std::size_t start =
+        several ? folderPart(files.front()).size() + 1 : nameStart(files.front());
+    record.nFileOffset = static_cast<std::uint16_t>(start);
+    if (several) return true;
+    const std::size_t dot = files.front().rfind('.');
+    const bool extended = dot != std::string::npos && dot >= start;
+    record.nFileExtension = extended ? static_cast<std::uint16_t>(dot + 1) : std::uint16_t{0};
+    fillTitle(record, files.front().substr(start));
+    return true;
+}
+
+bool fill(OPENFILENAME& record, const std::string& bytes) {
+    if (record.lpstrFile == nullptr || bytes.size() > record.nMaxFile) return false;
+    std::copy(bytes.begin(), bytes.end(), record.lpstrFile);
+    return true;
+}
+
+/// Runs a dialog that keeps its owner from the user.
+template <class Script>
+Script runDialog(platform::WindowHandle owner, std::vector<Script>& scripts) {
+    std::vector<platform::WindowHandle> owners;
+    if (owner != 0) {
+        const platform::WindowHandle parent = existing(owner).parent;
+        owners.push_back(parent == 0 ? owner : parent);
+    }
+    const Disabled disabled(owners);
+    run();
+    if (scripts.empty()) return {};
+    Script script = std::move(scripts.front());
+    scripts.erase(scripts.begin());
+    if (script.action) script.action();
+    return script;
 }
 
 } // namespace
 
-void Menus::choose(const std::string& caption, Action action) {
-    scripts.push_back({caption, 0, std::move(action)});
+void Dialogs::pickFiles(const std::vector<std::string>& files, Action action) {
+    if (files.empty()) misuse("an open dialog confirms at least one file");
+    openScripts.push_back({files, std::nullopt, std::move(action)});
 }
 
-void Menus::choose(std::int32_t id, Action action) {
-    scripts.push_back({"", id, std::move(action)});
+void Dialogs::cancelFiles(Action action) {
+    openScripts.push_back({{}, std::nullopt, std::move(action)});
 }
 
-void Menus::dismiss(Action action) { scripts.push_back({"", 0, std::move(action)}); }
+void Dialogs::fillBuffer(const std::string& bytes, Action action) {
+    openScripts.push_back({{}, bytes, std::move(action)});
+}
+
+void Dialogs::pickFolder(const std::string& folder, Action action) {
+    folderScripts.push_back({folder, std::move(action)});
+}
+
+void Dialogs::cancelFolder(Action action) {
+    folderScripts.push_back({std::nullopt, std::move(action)});
+}
 
 void Tray::send(std::int32_t code) const {
     constexpr std::uint32_t wantsMessages = 1;
@@ -58,46 +139,44 @@ void Tray::clickRight() const {
     send(517);
 }
 
-void runNextScript(std::vector<Action>& scripts) {
-    if (scripts.empty()) return;
-    const Action action = std::move(scripts.front());
-    scripts.erase(scripts.begin());
-    if (action) action();
-}
-
 } // namespace simulated
 
 namespace platform {
 
 using simulated::world;
 
-void setApplicationIcon(const std::vector<Picture>&) {}
-
-std::int32_t applicationIcon() { return 1; }
-
-std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items) {
-    simulated::existing(window);
-    world.menus.shown.push_back(items);
-    simulated::note("open menu");
-    simulated::run();
-    if (world.menus.scripts.empty()) return 0;
-    const simulated::Menus::Script script = std::move(world.menus.scripts.front());
-    world.menus.scripts.erase(world.menus.scripts.begin());
-    if (script.action) script.action();
-    if (script.caption.empty() && script.id == 0) return 0;
-    const MenuItem* picked = simulated::find(items, script);
-    if (picked == nullptr)
-        simulated::misuse("the menu has no entry " + script.caption + std::to_string(script.id));
-    simulated::note("pick " + picked->caption);
-    return picked->id;
+bool GetOpenFileNameA(OPENFILENAME* record) {
+    world.dialogs.opened.push_back({record->hwndOwner, simulated::textOrNothing(record->lpstrTitle),
+                                    simulated::filterText(record->lpstrFilter),
+                                    simulated::textOrNothing(record->lpstrInitialDir),
+                                    record->Flags, record->nMaxFile, record->lStructSize,
+                                    std::nullopt});
+    if (record->lpstrDefExt != nullptr)
+        world.dialogs.opened.back().defaultExtension = record->lpstrDefExt;
+    simulated::note("open dialog");
+    const auto script = simulated::runDialog(record->hwndOwner, world.dialogs.openScripts);
+    if (script.buffer) return simulated::fill(*record, *script.buffer);
+    return !script.files.empty() && simulated::confirm(*record, script.files);
 }
 
-void messageBox(const std::string& text, const std::string& title, MessageIcon icon) {
-    world.messages.shown.push_back({text, title, icon});
-    simulated::note("message \"" + text + '"');
-    const simulated::Disabled disabled(simulated::allWindows());
-    simulated::run();
-    simulated::runNextScript(world.messages.scripts);
+std::int32_t SHBrowseForFolder(BROWSEINFO* record) {
+    world.dialogs.foldersOpened.push_back(
+        {record->hOwner, simulated::textOrNothing(record->lpszTitle), record->ulFlags});
+    simulated::note("folder dialog");
+    const auto script = simulated::runDialog(record->hOwner, world.dialogs.folderScripts);
+    if (!script.folder) return 0;
+    world.dialogs.items.push_back(*script.folder);
+    return static_cast<std::int32_t>(world.dialogs.items.size());
+}
+
+bool SHGetPathFromIDList(std::int32_t item, char* path) {
+    constexpr std::size_t bufferSize = 260;
+    const auto& items = world.dialogs.items;
+    if (item < 1 || static_cast<std::size_t>(item) > items.size()) return false;
+    const std::string& folder = items[static_cast<std::size_t>(item) - 1];
+    if (folder.empty() || folder.size() >= bufferSize) return false;
+    std::memcpy(path, folder.c_str(), folder.size() + 1);
+    return true;
 }
 
 bool Shell_NotifyIconA(std::uint32_t message, NOTIFYICONDATA* record) {

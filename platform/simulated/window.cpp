@@ -2,7 +2,6 @@
 
 #include "platform/simulated/window_state.h"
 #include "platform/simulated/world.h"
-#include "platform/system.h"
 
 #include <algorithm>
 
@@ -121,10 +120,6 @@ void clickButton(WindowHandle handle, const std::string& caption) {
     paintWaiting();
 }
 
-void onModalWindow(std::function<void()> action) {
-    world.windows.modalScripts.push_back(std::move(action));
-}
-
 } // namespace simulated
 
 namespace platform {
@@ -158,20 +153,6 @@ void destroyWindow(WindowHandle window) {
 
 void showWindow(WindowHandle window, bool visible) { simulated::setVisible(window, visible); }
 
-void showWindowModal(WindowHandle window) {
-    simulated::setVisible(window, true);
-    auto others = simulated::allWindows();
-    std::erase(others, window);
-    world.windows.disabledByModal[window] = others;
-    simulated::run();
-    simulated::runNextScript(world.windows.modalScripts);
-    const auto closed = [&] {
-        const auto found = world.windows.all.find(window);
-        return found == world.windows.all.end() || !found->second.visible;
-    };
-    simulated::runUntil(closed, "a modal window");
-}
-
 void requestPaint(WindowHandle window) { existing(window).paintWanted = true; }
 
 void setTooltip(WindowHandle window, const std::string& text) { existing(window).tooltip = text; }
@@ -193,16 +174,6 @@ WindowHandle createHookWindow(WindowHandle parent, std::function<void(std::int32
     hook.parent = parent;
     hook.trayCode = std::move(code);
     return handle;
-}
-
-bool MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_t width,
-                std::int32_t height, bool repaint) {
-    simulated::Window& moved = existing(window);
-    moved.size = {width, height};
-    if (repaint) moved.paintWanted = true;
-    if (moved.position != Point{x, y}) simulated::note("move window " + std::to_string(window));
-    simulated::place(window, {x, y});
-    return true;
 }
 
 } // namespace platform

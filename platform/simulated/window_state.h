@@ -32,6 +32,11 @@ std::vector<WindowHandle> allWindows();
 
 void bringToFront(WindowHandle handle);
 
+void setVisible(WindowHandle handle, bool visible);
+
+/// Moves a window and tells it so.
+void place(WindowHandle handle, platform::Point corner);
+
 /// Where client pixel (0, 0) is on the screen.
 platform::Point clientOrigin(const Window& window);
 

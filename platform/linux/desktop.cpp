@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 
 namespace platform {
 namespace {
@@ -61,6 +62,17 @@ float twipsPerPixelY() { return 15.0F; }
 Size screenSize() {
     const QSize size = QGuiApplication::primaryScreen()->geometry().size();
     return {size.width(), size.height()};
+}
+
+std::int32_t secondsSinceMidnight() {
+    // A change of the system's time zone counts from the next call on.
+    ::tzset();
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    if (::localtime_r(&now, &local) == nullptr) return 0;
+    const int seconds = (local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec;
+    constexpr int lastOfTheDay = 24 * 60 * 60 - 1;
+    return seconds < lastOfTheDay ? seconds : lastOfTheDay;
 }
 
 } // namespace platform

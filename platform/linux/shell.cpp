@@ -1,0 +1,132 @@
+#include "platform/shell.h"
+
+#include "platform/linux/dialog_buffers.h"
+#include "platform/linux/file_dialogs.h"
+#include "platform/linux/paths.h"
+#include "platform/linux/tray_icon.h"
+
+#include <QDir>
+#include <QStringList>
+#include <QSystemTrayIcon>
+
+#include <map>
+#include <memory>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+QStringList dialogFilters(const OPENFILENAME& record) {
+    QStringList texts;
+    for (const NameFilter& filter : parseNameFilters(record.lpstrFilter))
+        texts.append(QString::fromStdString(dialogFilter(filter)));
+    return texts;
+}
+
+void chooseFilter(QFileDialog& dialog, const OPENFILENAME& record) {
+    const QStringList filters = dialogFilters(record);
+    if (filters.isEmpty()) return;
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(filters);
+    const qsizetype index = record.nFilterIndex == 0 ? 0 : record.nFilterIndex - 1;
+    if (index < filters.size()) dialog.selectNameFilter(filters[index]);
+}
+
+void chooseFolder(QFileDialog& dialog, const OPENFILENAME& record) {
+    if (record.lpstrInitialDir == nullptr || *record.lpstrInitialDir == '\0') return;
+    const QString folder = QFile::decodeName(toHost(record.lpstrInitialDir).c_str());
+    if (QFileInfo(folder).isDir()) dialog.setDirectory(folder);
+}
+
+/// Size of the buffers that `SHBrowseForFolder` and `SHGetPathFromIDList` fill.
+constexpr std::uint32_t longestPath = 260;
+
+/// The folders chosen so far; an item is its place, counted from 1. Items are never released.
+std::vector<std::string>& chosenFolders() {
+    static std::vector<std::string> folders;
+    return folders;
+}
+
+using Owner = std::pair<WindowHandle, std::uint32_t>;
+using TrayIcons = std::map<Owner, std::unique_ptr<TrayIcon>>;
+
+TrayIcons& trayIcons() {
+    // Never destroyed: at the end of the process the window system is gone before statics are.
+    static TrayIcons& icons = *new TrayIcons;
+    return icons;
+}
+
+bool add(const Owner& owner, const NOTIFYICONDATA& record) {
+    // An icon made without a tray would show up later, whenever a tray does.
+    if (trayIcons().contains(owner) || !QSystemTrayIcon::isSystemTrayAvailable()) return false;
+    const auto& icon = trayIcons()[owner] = std::make_unique<TrayIcon>(owner.first);
+    icon->apply(record);
+    icon->show();
+    return true;
+}
+
+bool modify(const Owner& owner, const NOTIFYICONDATA& record) {
+    const auto entry = trayIcons().find(owner);
+    if (entry == trayIcons().end()) return false;
+    entry->second->apply(record);
+    return true;
+}
+
+} // namespace
+
+bool GetOpenFileNameA(OPENFILENAME* record) {
+    const std::vector<std::string> paths =
+        runFileDialog(record->hwndOwner, record->lpstrTitle, [&](QFileDialog& dialog) {
+            dialog.setAcceptMode(QFileDialog::AcceptOpen);
+            const bool several = (record->Flags & OFN_ALLOWMULTISELECT) != 0;
+            dialog.setFileMode(several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
+            chooseFilter(dialog, *record);
+            chooseFolder(dialog, *record);
+        });
+    SelectionOffsets offsets;
+    if (!writeSelection(paths, record->lpstrFile, record->nMaxFile, offsets)) return false;
+    record->nFileOffset = offsets.name;
+    record->nFileExtension = offsets.extension;
+    if (paths.size() == 1 && record->lpstrFileTitle != nullptr)
+        writeText(bareName(paths.front()), record->lpstrFileTitle, record->nMaxFileTitle);
+    return true;
+}
+
+std::int32_t SHBrowseForFolder(BROWSEINFO* record) {
+    const std::vector<std::string> paths =
+        runFileDialog(record->hOwner, record->lpszTitle, [](QFileDialog& dialog) {
+            dialog.setFileMode(QFileDialog::Directory);
+            dialog.setOption(QFileDialog::ShowDirsOnly);
+            dialog.setDirectory(QDir::home());
+        });
+    if (paths.empty()) return 0;
+    if (record->pszDisplayName != nullptr)
+        writeText(bareName(paths.front()), record->pszDisplayName, longestPath);
+    chosenFolders().push_back(paths.front());
+    return static_cast<std::int32_t>(chosenFolders().size());
+}
+
+bool SHGetPathFromIDList(std::int32_t item, char* path) {
+    const std::vector<std::string>& folders = chosenFolders();
+    const auto index = static_cast<std::size_t>(item) - 1;
+    // A failure leaves the empty text, which is no folder, rather than no text at all.
+    *path = '\0';
+    return index < folders.size() && writeText(folders[index], path, longestPath);
+}
+
+bool Shell_NotifyIconA(std::uint32_t message, NOTIFYICONDATA* record) {
+    const Owner owner(record->hWnd, record->uID);
+    switch (message) {
+    case NIM_ADD:
+        return add(owner, *record);
+    case NIM_MODIFY:
+        return modify(owner, *record);
+    case NIM_DELETE:
+        return trayIcons().erase(owner) != 0;
+    default:
+        return false;
+    }
+}
+
+} // namespace platform

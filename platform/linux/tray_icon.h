@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/linux/new_tray_ignored.h"
+#include "platform/linux/tray_clicks.h"
+#include "platform/shell.h"
+
+#include <QElapsedTimer>
+#include <QSystemTrayIcon>
+
+#include <cstdint>
+#include <functional>
+
+namespace platform {
+
+/// Watches the whole program for the release of the right button over the icon.
+class RightRelease : public QObject {
+  public:
+    explicit RightRelease(std::function<void()> released);
+
+    /// Reports the release of the button if it is down in a window of this program, as on an icon
+    /// that is one; else the host has reported a whole click, and it is reported at once.
+    void await();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    std::function<void()> released_;
+    bool awaited_ = false;
+};
+
+/// One icon in the tray. Its codes run from the event loop, as a handler may take the icon away.
+class TrayIcon {
+  public:
+    /// The icon's mouse codes go to `hook`.
+    explicit TrayIcon(WindowHandle hook);
+
+    /// Takes over what a record tells of the icon.
+    void apply(const NOTIFYICONDATA& record);
+
+    void show() { icon_.show(); }
+
+  private:
+    void activated(QSystemTrayIcon::ActivationReason reason);
+    void postClick(TrayActivation activation);
+    void post(std::int32_t code);
+
+    WindowHandle hook_;
+    bool reports_ = false;
+    TrayClicks clicks_;
+    QElapsedTimer clock_;
+    RightRelease release_;
+    QSystemTrayIcon icon_;
+    NewTrayIgnored newTrayIgnored_;
+    QObject poster_; ///< its end takes back what is posted and not yet delivered
+};
+
+} // namespace platform
