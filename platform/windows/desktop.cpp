@@ -1,6 +1,6 @@
 #include "platform/desktop.h"
 
-#include "platform/windows/code_page.h"
+#include "platform/windows/utf16.h"
 #include "platform/windows/win32.h"
 
 #include <string_view>

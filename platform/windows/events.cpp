@@ -1,23 +1,12 @@
 #include "platform/events.h"
 
 #include "platform/window.h"
-#include "platform/windows/message_window.h"
+#include "platform/windows/dispatch.h"
 #include "platform/windows/window_table.h"
 
 #include <cstdio>
 
 namespace platform {
-
-HWND createMessageWindow(const wchar_t* className, WNDPROC procedure) {
-    WNDCLASSW windowClass = {};
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = className;
-    RegisterClassW(&windowClass);
-    return CreateWindowExW(0, className, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                           windowClass.hInstance, nullptr);
-}
-
 namespace {
 
 /// Keys that click a push button, in windows that have one.

@@ -1,8 +1,8 @@
 #include "platform/files.h"
 
-#include "platform/windows/code_page.h"
 #include "platform/windows/error_numbers.h"
 #include "platform/windows/open_handle.h"
+#include "platform/windows/utf16.h"
 #include "runtime/errors.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "platform/files.h"
-#include "platform/windows/code_page.h"
 #include "platform/windows/error_numbers.h"
 #include "platform/windows/open_handle.h"
+#include "platform/windows/utf16.h"
 
 #include <algorithm>
 #include <optional>

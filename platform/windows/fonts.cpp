@@ -1,6 +1,6 @@
 #include "platform/windows/fonts.h"
 
-#include "platform/windows/code_page.h"
+#include "platform/windows/utf16.h"
 
 #include <algorithm>
 #include <cmath>

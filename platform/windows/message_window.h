@@ -8,7 +8,4 @@ namespace platform {
 /// and those of menus, dialogs and message boxes.
 HWND createMessageWindow(const wchar_t* className, WNDPROC procedure);
 
-/// Hands a message that a loop has taken on to its window.
-void dispatchMessage(const MSG& message);
-
 } // namespace platform

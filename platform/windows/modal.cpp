@@ -1,7 +1,7 @@
-#include "platform/windows/code_page.h"
 #include "platform/windows/disabled.h"
+#include "platform/windows/dispatch.h"
 #include "platform/windows/handles.h"
-#include "platform/windows/message_window.h"
+#include "platform/windows/utf16.h"
 #include "platform/windows/window_table.h"
 
 namespace platform {

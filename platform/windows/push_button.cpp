@@ -1,8 +1,8 @@
 #include "platform/windows/push_button.h"
 
-#include "platform/windows/code_page.h"
 #include "platform/windows/fonts.h"
 #include "platform/windows/handles.h"
+#include "platform/windows/utf16.h"
 
 #include <algorithm>
 

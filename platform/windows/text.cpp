@@ -1,7 +1,7 @@
 #include "platform/text.h"
 
-#include "platform/windows/code_page.h"
 #include "platform/windows/fonts.h"
+#include "platform/windows/utf16.h"
 
 #include <algorithm>
 

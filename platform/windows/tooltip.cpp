@@ -1,7 +1,7 @@
 #include "platform/windows/tooltip.h"
 
 #include "platform/events.h"
-#include "platform/windows/code_page.h"
+#include "platform/windows/utf16.h"
 
 namespace platform {
 namespace {

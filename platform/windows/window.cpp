@@ -1,7 +1,7 @@
 #include "platform/window.h"
 
-#include "platform/windows/code_page.h"
 #include "platform/windows/handles.h"
+#include "platform/windows/utf16.h"
 #include "platform/windows/window_table.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "platform/windows/code_page.h"
+#include "platform/windows/utf16.h"
 
 #include "platform/windows/win32.h"
 
