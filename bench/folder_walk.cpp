@@ -66,6 +66,10 @@ void measure(ModMain& program, const std::string& folder) {
 // Stands in for the dialog, which takes a user.
 namespace platform {
 
+bool GetOpenFileNameA(OPENFILENAME* /*record*/) { return false; }
+
+bool Shell_NotifyIconA(std::uint32_t /*message*/, NOTIFYICONDATA* /*record*/) { return false; }
+
 std::int32_t SHBrowseForFolder(BROWSEINFO* /*record*/) { return 1; }
 
 bool SHGetPathFromIDList(std::int32_t /*item*/, char* path) {

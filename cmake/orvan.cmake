@@ -31,7 +31,9 @@ endfunction()
 
 find_program(ORVAN_CCACHE ccache)
 if(ORVAN_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${ORVAN_CCACHE})
+    # It is only told so that a precompiled header is no reason to refuse.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros ${ORVAN_CCACHE})
 endif()
 
 # orvan_link_platform(TARGET PLATFORM): links the player's own code with the platform that defines

@@ -1,6 +1,3 @@
-// Signals go to the platform, as in the player.
-#define DOCTEST_CONFIG_NO_POSIX_SIGNALS
-#define DOCTEST_CONFIG_IMPLEMENT
 #include "tests/contract/world.h"
 
 #include <doctest/doctest.h>

@@ -1,7 +1,6 @@
-#define DOCTEST_CONFIG_IMPLEMENT
-#include <doctest/doctest.h>
-
 #include <QApplication>
+
+#include <doctest/doctest.h>
 
 #include <cstdlib>
 

@@ -1,4 +1,3 @@
-#define DOCTEST_CONFIG_IMPLEMENT
 #include "platform/media.h"
 
 #include <doctest/doctest.h>

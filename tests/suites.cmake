@@ -1,0 +1,113 @@
+# How tests become tests of CTest, and what each of them is made of.
+
+# The tests' own code is compiled for the compiler's speed: it costs most of a build and little of
+# a run.
+add_library(orvan_tests_options INTERFACE)
+target_compile_options(orvan_tests_options INTERFACE -O0)
+if(WIN32)
+    # This build's runtime library has no threads of its own.
+    target_compile_definitions(orvan_tests_options INTERFACE DOCTEST_CONFIG_NO_MULTITHREADING)
+endif()
+
+# orvan_needs(TESTS WORD VALUES...): tells scripts/needed-for-tests about the tests of that name, or
+# of all names that start with it and a colon. The words:
+#   program TARGET     they are the cases of this test program,
+#   source FILES       written in these files,
+#   label LABEL        with this label;
+#   build PRESET TARGETS   they run what these targets of a preset make;
+#   packages PURPOSES      they take these packages, besides those to build.
+set_property(GLOBAL PROPERTY orvan_needs "")
+function(orvan_needs tests word)
+    list(JOIN ARGN "\t" values)
+    set_property(GLOBAL APPEND_STRING PROPERTY orvan_needs "${tests}\t${word}\t${values}\n")
+endfunction()
+
+# To be called when all tests are declared.
+function(orvan_write_needs)
+    get_property(needs GLOBAL PROPERTY orvan_needs)
+    file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/tests/needs CONTENT "${needs}")
+endfunction()
+
+# orvan_add_suite(NAME LABEL PROPERTIES LIBRARIES...): every source of the folder in one test
+# program, every test case a test of its own in CTest, named "<suite>: <sentence>".
+# Further sources than the folder's own may be added with target_sources afterwards.
+function(orvan_add_suite name label properties)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+    add_executable(${name} ${sources})
+    set(runner suite_runner)
+    if(Qt6::Widgets IN_LIST ARGN)
+        set(runner suite_runner_qt)
+    endif()
+    target_link_libraries(${name} PRIVATE ${runner} ${ARGN})
+    target_precompile_headers(${name} REUSE_FROM ${runner})
+    # Programs for another system can't be asked for their tests while they are built: tests/wine
+    # starts them.
+    if(CMAKE_CROSSCOMPILING)
+        target_link_options(${name} PRIVATE -static)
+        set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+        return()
+    endif()
+    # Single quotes keep the blank at the end.
+    doctest_discover_tests(${name} TEST_PREFIX "'${name}: '" PROPERTIES ${properties})
+    orvan_needs(${name} program ${name})
+    orvan_needs(${name} source "$<JOIN:$<TARGET_PROPERTY:${name},SOURCES>,\t>")
+    orvan_needs(${name} label ${label})
+endfunction()
+
+# orvan_test_suite(NAME LABEL LIBRARIES...): a suite that needs no desktop.
+function(orvan_test_suite name label)
+    orvan_add_suite(${name} ${label} "LABELS;${label};TIMEOUT;300" ${ARGN})
+    if(NOT label STREQUAL quick)
+        orvan_needs(${name} packages test desktop)
+    endif()
+endfunction()
+
+# orvan_private_desktop(NAME DIR LABEL): a virtual desktop that the tests with this fixture share,
+# one after the other. CTest starts it before the first of them and stops it after the last; if it
+# can't start, they fail.
+set(ORVAN_DESKTOP ${CMAKE_CURRENT_LIST_DIR}/desktop)
+function(orvan_private_desktop name dir label)
+    add_test(NAME "${name}: starts" COMMAND ${ORVAN_DESKTOP}/desktop start ${dir})
+    add_test(NAME "${name}: stops" COMMAND ${ORVAN_DESKTOP}/desktop stop ${dir})
+    set_tests_properties("${name}: starts" PROPERTIES
+        LABELS ${label} FIXTURES_SETUP ${name} TIMEOUT 300)
+    set_tests_properties("${name}: stops" PROPERTIES
+        LABELS ${label} FIXTURES_CLEANUP ${name} TIMEOUT 300)
+    orvan_needs(${name} packages test desktop)
+endfunction()
+
+# One for the program for Linux, and beside it one for the program for Windows.
+set(ORVAN_DESKTOP_DIR ${CMAKE_BINARY_DIR}/desktop)
+set(ORVAN_DISPLAY_TEST LABELS display FIXTURES_REQUIRED desktop RESOURCE_LOCK desktop TIMEOUT 300)
+set(ORVAN_WINE_DESKTOP_DIR ${CMAKE_BINARY_DIR}/wine-desktop)
+set(ORVAN_WINE_TEST LABELS wine RESOURCE_LOCK wine-desktop)
+
+# orvan_desktop_suite(NAME LIBRARIES...): a suite whose tests run in that desktop, with a display, a
+# window manager and a sound server whose output can be recorded.
+function(orvan_desktop_suite name)
+    orvan_add_suite(${name} display "${ORVAN_DISPLAY_TEST}" ${ARGN})
+    set_property(TARGET ${name} APPEND PROPERTY
+        CROSSCOMPILING_EMULATOR "${ORVAN_DESKTOP}/launcher;${ORVAN_DESKTOP_DIR}")
+    orvan_needs(${name} packages test desktop)
+endfunction()
+
+# orvan_scenarios(SUITE SCRIPT SUBJECT [SYSTEM SYSTEM] [UNDER COMMAND...] [AFTER FIXTURE...]
+# PROPERTIES ...): one test a scenario of a Python script, named by its sentence, each run on the
+# subject; of the scenarios for one system, if one is given.
+function(orvan_scenarios suite script subject)
+    cmake_parse_arguments(PARSE_ARGV 3 tests "" "SYSTEM" "UNDER;AFTER;PROPERTIES")
+    get_filename_component(folder ${script} DIRECTORY)
+    file(GLOB modules CONFIGURE_DEPENDS ${folder}/*.py)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${modules})
+
+    execute_process(COMMAND ${Python3_EXECUTABLE} -B ${script} --list ${tests_SYSTEM}
+        OUTPUT_VARIABLE sentences OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    string(REPLACE "\n" ";" sentences "${sentences}")
+    foreach(sentence IN LISTS sentences)
+        set(name "${suite}: ${sentence}")
+        add_test(NAME ${name}
+            COMMAND ${tests_UNDER} ${Python3_EXECUTABLE} -B ${script} ${subject} ${sentence})
+        set_tests_properties(${name} PROPERTIES ${tests_PROPERTIES})
+        set_property(TEST ${name} APPEND PROPERTY FIXTURES_REQUIRED ${tests_AFTER})
+    endforeach()
+endfunction()
