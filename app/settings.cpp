@@ -1,5 +1,6 @@
 #include "app/settings.h"
 
+#include "runtime/characters.h"
 #include "runtime/number_text.h"
 #include "runtime/rounding.h"
 #include "runtime/text.h"
@@ -95,7 +96,7 @@ std::string joinTracks(const std::vector<std::string>& paths) {
 std::vector<std::string> splitTracks(const std::string& field, std::string& rest) {
     rest = field;
     std::replace(rest.begin(), rest.end(), savedSeparator, '\0');
-    const runtime::Int16 limit(rest.size());
+    const runtime::Int16 limit(runtime::characterCount(rest));
     std::vector<std::string> paths;
     for (runtime::Int16 round = 0; round < limit; round += 1) {
         std::string path = runtime::nextField(rest, '\0');

@@ -5,6 +5,7 @@
 #include "app/modMain.h"
 #include "app/settings.h"
 #include "playback/track_list.h"
+#include "runtime/characters.h"
 #include "runtime/text.h"
 #include "toolkit/app.h"
 #include "toolkit/files.h"
@@ -63,6 +64,17 @@ settings::Fields fieldsOf(FrmPlayer& player) {
     return fields;
 }
 
+/// The fatal end of an error in here tells its user which file to put right.
+template <class Code>
+void namingTheFile(Code&& code) {
+    try {
+        code();
+    } catch (runtime::NumberedError& error) {
+        error.detail = toolkit::Files::forPeople(settingsPath());
+        throw;
+    }
+}
+
 } // namespace
 
 std::string FrmPlayer::readSettingsLine() {
@@ -82,25 +94,23 @@ std::string FrmPlayer::readSettingsLine() {
 }
 
 void settings::take(FrmPlayer& player, const std::string& line) {
-    if (line.size() < ShortestLine) return;
-    try {
+    if (runtime::characterCount(line) < ShortestLine) return;
+    namingTheFile([&] {
         if (hasPresentVersion(line))
             apply(player, read(line, toolkit::App::DecimalSign()));
         else
             toolkit::Files::Kill(oldSettingsFile);
-    } catch (runtime::NumberedError& error) {
-        // The fatal end tells its user which file to put right.
-        error.detail = toolkit::Files::forPeople(settingsPath());
-        throw;
-    }
+    });
 }
 
 void settings::save(FrmPlayer& player) {
     const std::string SettingsLine = write(fieldsOf(player), toolkit::App::DecimalSign());
     runtime::Int16& number = player.settingsFileNumber;
     toolkit::TextFiles& files = player.modMain.files;
-    number = files.FreeFile();
-    files.OpenForOutput(number, settingsPath());
-    files.PrintLine(number, SettingsLine);
-    files.Close(number);
+    namingTheFile([&] {
+        number = files.FreeFile();
+        files.OpenForOutput(number, settingsPath());
+        files.PrintLine(number, SettingsLine);
+        files.Close(number);
+    });
 }

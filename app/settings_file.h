@@ -13,7 +13,7 @@ namespace settings {
 /// format.
 void take(FrmPlayer& player, const std::string& line);
 
-/// Writes the settings line; raises the error of a file that can't be written.
+/// Writes the settings line. The error of a file that can't be written names it.
 void save(FrmPlayer& player);
 
 } // namespace settings

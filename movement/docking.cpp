@@ -102,7 +102,6 @@ Pair moveStacked(Pair wanted, const toolkit::Bounds& player, const toolkit::Boun
             y = rounded(workArea.bottom - height);
         }
     }
-    wanted.playlist.x = snap::horizontally(wanted.playlist.x, pixelsOf(playlist.width), workArea);
     return wanted;
 }
 
@@ -129,7 +128,6 @@ Pair moveSideBySide(Pair wanted, const toolkit::Bounds& player, const toolkit::B
             x = rounded(workArea.right - width);
         }
     }
-    wanted.playlist.y = snap::vertically(wanted.playlist.y, pixelsOf(playlist.height), workArea);
     return wanted;
 }
 

@@ -35,7 +35,7 @@ struct Pair {
 };
 
 /// The pair, wanted at these places, at the edges of the work area. The sizes used differ from rule
-/// to rule on purpose. The playlist's free axis snaps by itself.
+/// to rule on purpose. The playlist's free axis is left to the caller, who snaps it by itself.
 Pair moveStacked(Pair wanted, const toolkit::Bounds& player, const toolkit::Bounds& playlist,
                  const platform::Rect& workArea);
 Pair moveSideBySide(Pair wanted, const toolkit::Bounds& player, const toolkit::Bounds& playlist,

@@ -22,8 +22,13 @@ void dragWithPlaylist(FrmPlayer& player, const docking::Place& raw, const dockin
     const toolkit::Bounds other = places::boundsOf(playlist.window);
     docking::Place place;
     if (playlist.playlistdockX || playlist.playlistdockY) {
-        const auto rule = playlist.playlistdockX ? docking::moveStacked : docking::moveSideBySide;
+        const bool stacked = playlist.playlistdockX;
+        const auto rule = stacked ? docking::moveStacked : docking::moveSideBySide;
         docking::Pair pair = rule({wanted, list}, own, other, player.modMain.workArea);
+        if (stacked)
+            player.frmMoveX(pair.playlist.x, playlist.window);
+        else
+            player.frmMoveY(pair.playlist.y, playlist.window);
         place = pair.player;
         places::move(playlist.window, pair.playlist);
     } else {

@@ -25,8 +25,9 @@ bool MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_
 void Sleep(std::uint32_t milliseconds);
 
 /// Writes a blank-free alias of an existing file's path, under 64 characters, that the media layer
-/// resolves. Returns its length without the nul; 0 when the file doesn't exist; when `size` is too
-/// small, the size needed.
+/// resolves, into a buffer of `size` characters of up to four bytes. Returns its length in
+/// characters without the nul; 0 when the file doesn't exist; when `size` is too small, the size
+/// needed.
 std::uint32_t GetShortPathNameA(const char* path, char* buffer, std::uint32_t size);
 
 /// The colours that `GetSysColor` knows here.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/characters.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -9,30 +11,33 @@
 
 namespace runtime {
 
-/// A fixed character buffer: a text put into it is cut at its size or padded with blanks up to it.
+/// A buffer of a fixed number of characters: a text put into it is cut at its size or padded with
+/// blanks up to it.
 template <std::size_t Size>
 class FixedText {
   public:
     static constexpr std::uint32_t size = Size;
 
     void set(std::string_view text) {
-        const std::size_t kept = std::min(text.size(), Size);
-        std::copy_n(text.begin(), kept, characters_.begin());
-        std::fill(characters_.begin() + kept, characters_.begin() + Size, ' ');
+        const std::string_view kept = firstCharacters(text, Size);
+        const auto end = std::copy(kept.begin(), kept.end(), bytes_.begin());
+        *std::fill_n(end, Size - characterCount(kept), ' ') = '\0';
     }
 
     /// All characters, ended by a nul that is not counted.
-    [[nodiscard]] const char* c_str() const { return characters_.data(); }
+    [[nodiscard]] const char* c_str() const { return bytes_.data(); }
 
     /// For a call that fills in up to `size` characters, its own nul included.
-    [[nodiscard]] char* data() { return characters_.data(); }
+    [[nodiscard]] char* data() { return bytes_.data(); }
 
+    /// The first `count` characters, nuls among them.
     [[nodiscard]] std::string first(std::size_t count) const {
-        return std::string(characters_.data(), std::min(count, Size));
+        const std::string_view all(bytes_.data(), bytes_.size());
+        return std::string(firstCharacters(all, std::min(count, Size)));
     }
 
   private:
-    std::array<char, Size + 1> characters_{};
+    std::array<char, Size * BytesOfCharacter + 1> bytes_{};
 };
 
 } // namespace runtime

@@ -1,5 +1,6 @@
 #include "runtime/text.h"
 
+#include "runtime/characters.h"
 #include "runtime/errors.h"
 
 #include <algorithm>
@@ -11,6 +12,11 @@ namespace {
 
 /// Positions are counted in 16 bits; running past the last one is an overflow.
 constexpr std::size_t lastPosition = std::numeric_limits<std::int16_t>::max();
+
+/// Whether the first `bytes` of a text are characters up to the last position or beyond it.
+bool charactersReach(std::string_view text, std::size_t bytes) {
+    return bytes >= lastPosition && characterCount(text.substr(0, bytes)) >= lastPosition;
+}
 
 char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -24,7 +30,7 @@ std::string fileTitleOf(const std::string& path) {
 std::string nextField(std::string& line, char delimiter) {
     const std::size_t end = line.find(delimiter);
     // A line without the delimiter has its end beyond every position.
-    if (end >= lastPosition) raise(Overflow);
+    if (end == std::string::npos || charactersReach(line, end)) raise(Overflow);
     std::string field = line.substr(0, end);
     line.erase(0, end + 1);
     return field;

@@ -66,6 +66,8 @@ class Form {
     MouseHandler MouseDown;
     MouseHandler MouseMove;
     MouseHandler MouseUp;
+    // Keys go to every control, in the order of the table; the list box is the only one that has a
+    // use for any.
 
     /// Takes a control of the window table below those taken before; loads nothing.
     void add(Control& control) { controls_.push_back(&control); }
@@ -117,6 +119,7 @@ class Form {
     // pointer is.
     bool captured_ = false;
     Control* captor_ = nullptr;
+    Control* firstPressed_ = nullptr; ///< by the press before: both make a double click
     platform::PointerButton capturingButton_ = platform::PointerButton::None;
     platform::Point pointer_;
     bool pointerInside_ = false;

@@ -85,11 +85,14 @@ void Form::press(const platform::PointerEvent& event) {
     }
     captured_ = true;
     Control* const target = captor_;
+    // Two quick presses on neighbouring controls are no double click of either.
+    const bool second = event.secondPress && target == firstPressed_;
+    firstPressed_ = target;
     const MouseArguments arguments = argumentsFor(target, event);
     if (target == nullptr) return raise(MouseDown, arguments);
     target->pointer(relativeTo(*target, event));
     raise(target->MouseDown, arguments);
-    if (event.secondPress && target->clicksWith(event.button)) raise(target->DblClick);
+    if (second && target->clicksWith(event.button)) raise(target->DblClick);
 }
 
 void Form::move(const platform::PointerEvent& event) {

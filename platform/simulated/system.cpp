@@ -2,6 +2,7 @@
 
 #include "platform/simulated/window_state.h"
 #include "platform/simulated/world.h"
+#include "runtime/characters.h"
 
 #include <cstring>
 #include <string>
@@ -42,10 +43,10 @@ void Sleep(std::uint32_t milliseconds) {
 
 std::uint32_t GetShortPathNameA(const char* path, char* buffer, std::uint32_t size) {
     const std::string name = world.files.shortNameOf(path);
-    const auto length = static_cast<std::uint32_t>(name.size());
+    const auto length = static_cast<std::uint32_t>(runtime::characterCount(name));
     if (length == 0) return 0;
     if (length + 1 > size) return length + 1;
-    std::memcpy(buffer, name.c_str(), length + 1);
+    std::memcpy(buffer, name.c_str(), name.size() + 1);
     return length;
 }
 

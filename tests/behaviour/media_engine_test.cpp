@@ -1,3 +1,4 @@
+#include "runtime/characters.h"
 #include "tests/behaviour/player.h"
 
 #include "platform/system.h"
@@ -71,6 +72,25 @@ TEST_CASE("an open command longer than 255 characters is cut, and fails in silen
     CHECK(player.status() == "Idle");
     CHECK_FALSE(world.media.open());
     CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("an open command is padded and cut by characters, in any script") {
+    for (const std::string letter : {"\u0416", "\u97F3", "\U0001F3B5"}) {
+        CAPTURE(letter);
+        for (const std::size_t length : {std::size_t{20}, std::size_t{227}}) {
+            Player player;
+            player.start();
+            std::string longName = "C:\\";
+            for (std::size_t n = 0; n < length; ++n)
+                longName += letter;
+            world.media.addFile(track, 1000);
+            world.files.setShortName(track, longName);
+            player.engine().FileName(1, track);
+            const std::string command = world.media.commands().back();
+            CHECK(command.starts_with("open " + longName + " type MpegVideo Alia"));
+            CHECK(runtime::characterCount(command) == 255);
+        }
+    }
 }
 
 TEST_CASE("a short path of 255 characters or more does not fit, and nothing opens") {

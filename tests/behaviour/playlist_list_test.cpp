@@ -33,6 +33,25 @@ TEST_CASE("a double click in the list starts that entry from its beginning") {
     CHECK(commandsSent().back() == "play mpeg from 1 to 200000");
 }
 
+TEST_CASE("a press on a scroll key and a quick one on the list beside it start nothing") {
+    OpenPlaylist player;
+    player.playLetters(3);
+    const auto window = player.playlistWindow();
+    const int row = 30; // the middle of the first
+    simulated::click(window, 257, row);
+    player.clickRow(1);
+    commandsSent();
+    simulated::click(window, 257, row);
+    simulated::pressAgainAt(window, 255, row);
+    simulated::release();
+    CHECK(commandsSent().empty());
+    CHECK(player.selected() == 0);
+    // The next press makes a double click of its own with that one.
+    simulated::pressAgainAt(window, 255, row);
+    simulated::release();
+    CHECK(commandsSent().back() == "play mpeg from 1 to 200000");
+}
+
 TEST_CASE("a double click with the right button starts nothing") {
     OpenPlaylist player;
     player.playLetters(3);

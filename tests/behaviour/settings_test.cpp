@@ -38,12 +38,23 @@ std::string fatalStartWith(const std::string& line) {
     return message->substr(0, message->size() - naming.size());
 }
 
+/// A letter of each length that letters have in UTF-8.
+const std::vector<std::string> letters = {"x", "\u0416", "\u97F3", "\U0001F3B5"};
+
+std::string repeated(const std::string& letter, std::size_t count) {
+    std::string text;
+    for (; count > 0; --count)
+        text += letter;
+    return text;
+}
+
 /// The line with field 3 made of so many characters in all.
-std::string lineWithTrackField(std::size_t length) {
+std::string lineWithTrackField(std::size_t length, const std::string& letter = "x") {
     std::string field;
-    while (field.size() + 200 < length)
-        field += "C:\\" + std::string(96, 'x') + "/";
-    field += std::string(length - field.size() - 2, 'y') + "//";
+    std::size_t characters = 0;
+    for (; characters + 200 < length; characters += 100)
+        field += "C:\\" + repeated(letter, 96) + "/";
+    field += repeated(letter, length - characters - 2) + "//";
     return "3*0*0*" + field + "*120*90*0*0**0*0*120*1320*";
 }
 
@@ -317,6 +328,27 @@ TEST_CASE("a track list field of 32767 characters is the fatal end, one less is 
     startWith(player, lineWithTrackField(32766));
     CHECK(player.frmPlayer().trackCount > 300);
     CHECK(player.list().ListIndex() == 0);
+}
+
+TEST_CASE("a track list field counts characters, in any script") {
+    for (const std::string& letter : letters) {
+        CAPTURE(letter);
+        CHECK(fatalStartWith(lineWithTrackField(32767, letter)) == overflow);
+        Player player;
+        startWith(player, lineWithTrackField(32766, letter));
+        CHECK(player.frmPlayer().trackCount == 327);
+        CHECK(player.list().List(0) == repeated(letter, 96));
+    }
+}
+
+TEST_CASE("a line of 10 characters is ignored in any script, one of 11 is not") {
+    for (const std::string& letter : letters) {
+        CAPTURE(letter);
+        CHECK(fatalStartWith(repeated(letter, 11)) == typeMismatch);
+        Player player;
+        startWith(player, repeated(letter, 10));
+        CHECK(world.messages.shown.empty());
+    }
 }
 
 TEST_CASE("a track list field that lacks its end is the fatal end") {

@@ -125,7 +125,7 @@ TEST_CASE(
         world.files.nextReplaceError = fault.error;
         const auto message = fatalMessageOf([&] { player.frmPlayer().unloadmebaby(); });
         REQUIRE(message);
-        CHECK(*message == fault.message);
+        CHECK(*message == fault.message + ("\n" + file));
         CHECK_FALSE(world.tray.icon);
         CHECK(world.media.open());
         CHECK(world.files.text(file) == oldLine);

@@ -233,6 +233,20 @@ TEST_CASE("a delimiter is found up to position 32767 and no further") {
     }
 }
 
+TEST_CASE("positions in a line count characters, whatever their bytes") {
+    for (const std::string letter : {"x", "\u0416", "\u97F3", "\U0001F3B5"}) {
+        CAPTURE(letter);
+        std::string field;
+        for (int n = 0; n < 32766; ++n)
+            field += letter;
+        std::string reachable = field + "*rest";
+        CHECK(nextField(reachable, '*') == field);
+        CHECK(reachable == "rest");
+        std::string tooFar = field + letter + "*rest";
+        CHECK_THROWS_AS(nextField(tooFar, '*'), runtime::NumberedError);
+    }
+}
+
 TEST_CASE("a line without the delimiter is an overflow") {
     std::string line = "no end";
     CHECK_THROWS_AS(nextField(line, '*'), runtime::NumberedError);

@@ -187,12 +187,6 @@ TEST_CASE("with equal tops the playlist counts as the upper one") {
           {{{300, 10}, {300, 10}, {300, 82}, {300, 0}}});
 }
 
-TEST_CASE("a stacked playlist snaps sideways by itself") {
-    check(docking::moveStacked, first, below, wholeScreen,
-          {{{25, 300}, {19, 382}, {25, 300}, {0, 382}},
-           {{700, 300}, {729, 382}, {700, 300}, {748, 382}}});
-}
-
 TEST_CASE("a pair with the main window on the left stops at the sides of the screen") {
     check(docking::moveSideBySide, first, right, wholeScreen,
           {{{0, 300}, {277, 300}, {0, 300}, {276, 300}},
@@ -209,12 +203,6 @@ TEST_CASE("a pair with the playlist on the left takes both windows to the edges"
           {{{295, 300}, {19, 300}, {276, 300}, {0, 300}},
            {{296, 300}, {20, 300}, {296, 300}, {20, 300}},
            {{729, 300}, {453, 300}, {748, 300}, {472, 300}}});
-}
-
-TEST_CASE("a playlist at the side snaps up and down by itself") {
-    check(docking::moveSideBySide, first, right, wholeScreen,
-          {{{300, 25}, {576, 19}, {300, 25}, {576, 0}},
-           {{300, 650}, {576, 667}, {300, 650}, {576, 686}}});
 }
 
 TEST_CASE("side by side the sizes differ from step to step") {

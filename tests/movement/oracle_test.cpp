@@ -134,9 +134,16 @@ bool samePair(const Scene& made, Axis axis) {
     const oracle::Docked expected = oracle::together({made.wantedPlayer, made.wantedPlaylist}, axis,
                                                      made.player, made.playlist, made.area);
     const auto rule = axis == Down ? docking::moveStacked : docking::moveSideBySide;
-    const docking::Pair pair =
-        rule({placeOf(made.wantedPlayer), placeOf(made.wantedPlaylist)}, windowOf(made.player),
-             windowOf(made.playlist), rectOf(made.area));
+    const platform::Rect area = rectOf(made.area);
+    docking::Pair pair = rule({placeOf(made.wantedPlayer), placeOf(made.wantedPlaylist)},
+                              windowOf(made.player), windowOf(made.playlist), area);
+    // The free axis, as the drag snaps it.
+    docking::Place& list = pair.playlist;
+    if (axis == Down)
+        list.x =
+            snap::horizontally(list.x, static_cast<double>(made.playlist.size[Across]) / 15, area);
+    else
+        list.y = snap::vertically(list.y, static_cast<double>(made.playlist.size[Down]) / 15, area);
     return pairOf(pair.player) == expected.player && pairOf(pair.playlist) == expected.playlist;
 }
 
