@@ -1,5 +1,6 @@
 #include "platform/simulated/text.h"
 
+#include "platform/characters.h"
 #include "platform/simulated/world.h"
 
 #include <algorithm>
@@ -26,8 +27,6 @@ Size characterSize(const Font& font) {
     return {pixels(0.72), pixels(1.6)};
 }
 
-bool continuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
-
 void fill(Picture& picture, const Rect& clip, const Rect& box, Pixel colour) {
     const std::int32_t left = std::max({box.left, clip.left, 0});
     const std::int32_t right = std::min({box.right, clip.right, picture.width});
@@ -42,8 +41,7 @@ void fill(Picture& picture, const Rect& clip, const Rect& box, Pixel colour) {
 
 Size measureText(const Font& font, std::string_view text) {
     const Size character = characterSize(font);
-    const auto characters = static_cast<std::int32_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return !continuesCharacter(c); }));
+    const auto characters = static_cast<std::int32_t>(characterCount(text));
     return {characters * character.width, character.height};
 }
 
