@@ -2,6 +2,7 @@
 // emptied list, and scrolls through the list in 2000 steps. Prints a line for each: tracks, ms for
 // the walk, KB of memory it took, microseconds for a step.
 #include "app/modMain.h"
+#include "platform/characters.h"
 #include "platform/desktop.h"
 #include "platform/events.h"
 #include "platform/shell.h"
@@ -69,7 +70,7 @@ namespace platform {
 std::int32_t SHBrowseForFolder(BROWSEINFO* /*record*/) { return 1; }
 
 bool SHGetPathFromIDList(std::int32_t /*item*/, char* path) {
-    constexpr std::size_t size = 260;
+    constexpr std::size_t size = 260 * platform::bytesOfCharacter;
     return std::snprintf(path, size, "%s", picked.c_str()) > 0;
 }
 

@@ -6,8 +6,6 @@
 #include "shell/COpenDirDialog.h"
 #include "shell/COpenFileDialog.h"
 
-#include <unordered_set>
-
 namespace {
 
 constexpr std::int16_t pickedBufferSize = 16384;
@@ -84,21 +82,14 @@ void FrmPlayer::opendir() {
     releaseOpenKeys();
 }
 
-/// The picked folder and all below it, breadth first: the queue grows while it is walked. Links can
-/// make many paths to a folder; the first one found is the one that counts.
+/// The picked folder and all below it, breadth first: the queue grows while it is walked.
 void FrmPlayer::collectFolders(const std::string& folder) {
-    std::unordered_set<std::string> known = {platform::folderIdentity(folder)};
-    const auto isNew = [&known](const std::string& identity) {
-        return identity.empty() || known.insert(identity).second;
-    };
     ListDir->Clear();
     ListDir->AddItem(folder);
     for (runtime::Int16 i = 0; i != ListDir->ListCount(); i += 1) {
         DirTemp->Path(ListDir->List(i));
-        for (runtime::Int16 child = 0; child < DirTemp->ListCount(); child += 1) {
-            const std::string path = DirTemp->List(child);
-            if (isNew(platform::folderIdentity(path))) ListDir->AddItem(path);
-        }
+        for (runtime::Int16 child = 0; child < DirTemp->ListCount(); child += 1)
+            ListDir->AddItem(DirTemp->List(child));
     }
 }
 

@@ -1,14 +1,14 @@
 #include "shell/COpenFileDialog.h"
 
+#include "platform/characters.h"
 #include "platform/shell.h"
 #include "runtime/errors.h"
 #include "toolkit/msgbox.h"
 
 namespace {
 
-std::string withoutTrailingBlanks(std::string text) {
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
+std::string withoutTrailingBlanks(std::string_view text) {
+    return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 } // namespace
@@ -27,8 +27,8 @@ bool COpenFileDialog::ShowOpen() {
 void COpenFileDialog::runDialog(bool& confirmed) {
     if (maxFileSize < 0) runtime::raise(runtime::InvalidCall);
     const auto size = static_cast<std::size_t>(maxFileSize.value());
-    std::string file(size, '\0');
-    std::string title(size, '\0');
+    std::string file(size * platform::bytesOfCharacter, '\0');
+    std::string title(size * platform::bytesOfCharacter, '\0');
 
     platform::OPENFILENAME record;
     record.lStructSize = 76;
@@ -45,8 +45,8 @@ void COpenFileDialog::runDialog(bool& confirmed) {
     if (!platform::GetOpenFileNameA(&record)) return;
 
     confirmed = true;
-    fileName = withoutTrailingBlanks(std::move(file));
-    fileTitle = withoutTrailingBlanks(std::move(title));
+    fileName = withoutTrailingBlanks(platform::firstCharacters(file, size));
+    fileTitle = withoutTrailingBlanks(platform::firstCharacters(title, size));
     // The nul fill counts, so a title buffer as long as it was asked for reads empty.
-    if (fileTitle.size() == size) fileTitle.clear();
+    if (platform::characterCount(fileTitle) == size) fileTitle.clear();
 }
