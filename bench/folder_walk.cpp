@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/events.h"
 #include "platform/shell.h"
+#include "runtime/characters.h"
 
 #include <algorithm>
 #include <chrono>
@@ -73,7 +74,7 @@ bool Shell_NotifyIconA(std::uint32_t /*message*/, NOTIFYICONDATA* /*record*/) { 
 std::int32_t SHBrowseForFolder(BROWSEINFO* /*record*/) { return 1; }
 
 bool SHGetPathFromIDList(std::int32_t /*item*/, char* path) {
-    constexpr std::size_t size = 260;
+    constexpr std::size_t size = 260 * runtime::BytesOfCharacter;
     return std::snprintf(path, size, "%s", picked.c_str()) > 0;
 }
 

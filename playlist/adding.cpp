@@ -8,8 +8,6 @@
 #include "toolkit/dir_list_box.h"
 #include "toolkit/files.h"
 
-#include <unordered_set>
-
 namespace {
 
 constexpr std::int16_t pickedBufferSize = 16384;
@@ -39,23 +37,16 @@ void addPickedFolder(FrmPlayer& player, const Pieces& pieces, runtime::Int16 n) 
     list.ListIndex(list.ListCount() - n + 1);
 }
 
-/// The picked folder and all below it, breadth first: the queue grows while it is walked. Links can
-/// make many paths to a folder; the first one found is the one that counts.
+/// The picked folder and all below it, breadth first: the queue grows while it is walked.
 void collectFolders(FrmPlayer& player, const std::string& folder) {
-    std::unordered_set<std::string> known = {toolkit::Files::identityOf(folder)};
-    const auto isNew = [&known](const std::string& identity) {
-        return identity.empty() || known.insert(identity).second;
-    };
     toolkit::ListBox& queue = *player.ListDir;
     toolkit::DirListBox& children = *player.DirTemp;
     queue.Clear();
     queue.AddItem(folder);
     for (runtime::Int16 i = 0; i != queue.ListCount(); i += 1) {
         children.Path(queue.List(i));
-        for (runtime::Int16 child = 0; child < children.ListCount(); child += 1) {
-            const std::string path = children.List(child);
-            if (isNew(toolkit::Files::identityOf(path))) queue.AddItem(path);
-        }
+        for (runtime::Int16 child = 0; child < children.ListCount(); child += 1)
+            queue.AddItem(children.List(child));
     }
 }
 

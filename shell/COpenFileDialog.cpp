@@ -1,6 +1,7 @@
 #include "shell/COpenFileDialog.h"
 
 #include "platform/shell.h"
+#include "runtime/characters.h"
 #include "runtime/errors.h"
 #include "runtime/text.h"
 #include "toolkit/msgbox.h"
@@ -19,8 +20,8 @@ bool COpenFileDialog::ShowOpen() {
 void COpenFileDialog::runDialog(bool& confirmed) {
     if (maxFileSize < 0) runtime::raise(runtime::InvalidCall);
     const auto size = static_cast<std::size_t>(maxFileSize.value());
-    std::string file(size, '\0');
-    std::string title(size, '\0');
+    std::string file(size * runtime::BytesOfCharacter, '\0');
+    std::string title(size * runtime::BytesOfCharacter, '\0');
 
     platform::OPENFILENAME record;
     record.lStructSize = 76;
@@ -37,8 +38,8 @@ void COpenFileDialog::runDialog(bool& confirmed) {
     if (!platform::GetOpenFileNameA(&record)) return;
 
     confirmed = true;
-    fileName = runtime::withoutTrailingBlanks(std::move(file));
-    fileTitle = runtime::withoutTrailingBlanks(std::move(title));
+    fileName = runtime::withoutTrailingBlanks(std::string(runtime::firstCharacters(file, size)));
+    fileTitle = runtime::withoutTrailingBlanks(std::string(runtime::firstCharacters(title, size)));
     // The nul fill counts, so a title buffer as long as it was asked for reads empty.
-    if (fileTitle.size() == size) fileTitle.clear();
+    if (runtime::characterCount(fileTitle) == size) fileTitle.clear();
 }

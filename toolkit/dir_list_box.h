@@ -7,7 +7,8 @@
 
 namespace toolkit {
 
-/// A hidden worker control: the immediate sub-folders of a folder as full paths, sorted.
+/// A hidden worker control: the immediate sub-folders of a folder as full paths, in the order
+/// of the user's language.
 class DirListBox {
   public:
     /// Enters a folder; error 76 or 75 for one that can't be entered, and the old list stays.

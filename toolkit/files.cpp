@@ -15,8 +15,6 @@ std::vector<std::string> Dir(const std::string& folder, const std::string& exten
     return std::move(listing.names);
 }
 
-std::string identityOf(const std::string& folder) { return platform::folderIdentity(folder); }
-
 std::string forPeople(const std::string& path) { return platform::pathForPeople(path); }
 
 } // namespace toolkit::Files

@@ -13,9 +13,6 @@ void Kill(const std::string& path);
 /// system's order. Error 76 or 75 for a folder that can't be read.
 std::vector<std::string> Dir(const std::string& folder, const std::string& extension);
 
-/// What a folder is known by whatever path leads to it; empty where its file system numbers none.
-std::string identityOf(const std::string& folder);
-
 /// A path as the users of this platform write it, for messages.
 std::string forPeople(const std::string& path);
 

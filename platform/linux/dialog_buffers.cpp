@@ -1,5 +1,7 @@
 #include "platform/linux/dialog_buffers.h"
 
+#include "runtime/characters.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -48,10 +50,16 @@ bool sameFolder(const std::vector<std::string>& paths) {
     });
 }
 
+std::uint16_t nameOffset(const std::string& path) {
+    return static_cast<std::uint16_t>(runtime::characterCount(path) -
+                                      runtime::characterCount(bareName(path)));
+}
+
 std::uint16_t extensionOffset(const std::string& path) {
     const std::size_t dot = bareName(path).rfind('.');
     if (dot == std::string::npos) return 0;
-    return static_cast<std::uint16_t>(path.size() - bareName(path).size() + dot + 1);
+    const std::size_t start = path.size() - bareName(path).size();
+    return static_cast<std::uint16_t>(runtime::characterCount(path.substr(0, start + dot + 1)));
 }
 
 } // namespace
@@ -79,22 +87,21 @@ bool writeSelection(const std::vector<std::string>& paths, char* buffer, std::ui
                     SelectionOffsets& offsets) {
     if (paths.empty() || !sameFolder(paths)) return false;
     std::string text = paths.front();
-    offsets.name = static_cast<std::uint16_t>(text.size() - bareName(text).size());
-    offsets.extension = extensionOffset(text);
+    SelectionOffsets found = {nameOffset(text), extensionOffset(text)};
     if (paths.size() > 1) {
         text = folderOf(paths.front());
-        offsets = {static_cast<std::uint16_t>(text.size() + 1), 0};
+        found = {static_cast<std::uint16_t>(runtime::characterCount(text) + 1), 0};
         for (const std::string& path : paths)
             text.append(1, '\0').append(bareName(path));
         text += '\0';
     }
-    if (text.size() >= size) return false;
-    std::fill_n(std::copy(text.begin(), text.end(), buffer), size - text.size(), '\0');
+    if (!writeText(text, buffer, size)) return false;
+    offsets = found;
     return true;
 }
 
 bool writeText(const std::string& text, char* buffer, std::uint32_t size) {
-    if (text.size() >= size) return false;
+    if (runtime::characterCount(text) >= size) return false;
     *std::copy(text.begin(), text.end(), buffer) = '\0';
     return true;
 }

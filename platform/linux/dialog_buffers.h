@@ -22,22 +22,22 @@ std::vector<NameFilter> parseNameFilters(const char* pairs);
 /// where names tell capitals from small letters.
 std::string dialogFilter(const NameFilter& filter);
 
-/// Where the parts of the selection stand in the buffer.
+/// Where the parts of the selection stand in the buffer, in characters.
 struct SelectionOffsets {
     std::uint16_t name = 0;      ///< of the first bare name
     std::uint16_t extension = 0; ///< behind the dot of a single name; 0 without one
 };
 
-/// Writes chosen files, full paths in the player's form, into a buffer of `size` characters. One:
-/// its path. Several: their folder, without a separator behind it except at the root, and the bare
-/// names, each ended by a nul. Nuls fill the rest; at least one, behind several names a second.
-/// False with the buffer as it was when that doesn't fit, when nothing is chosen, or when the files
+/// Writes chosen files, full paths in the player's form, into a buffer of `size` characters, which
+/// has room for four bytes each. One: its path and a nul. Several: their folder, without a
+/// separator behind it except at the root, and the bare names, each ended by a nul, and one nul
+/// more. False with all as it was when that doesn't fit, when nothing is chosen, or when the files
 /// lie in different folders, which the form can't say.
 bool writeSelection(const std::vector<std::string>& paths, char* buffer, std::uint32_t size,
                     SelectionOffsets& offsets);
 
-/// Writes a text and a nul into a buffer of `size` characters. False with the buffer as it was when
-/// that doesn't fit.
+/// Writes a text and a nul into a buffer of `size` characters of up to four bytes. False with the
+/// buffer as it was when that doesn't fit.
 bool writeText(const std::string& text, char* buffer, std::uint32_t size);
 
 /// What stands behind the last separator.

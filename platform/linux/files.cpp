@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <string_view>
 
 namespace platform {
 
@@ -56,6 +57,11 @@ FileContents readAll(int file, std::size_t limit) {
     return contents;
 }
 
+bool namesADrive(std::string_view path) {
+    if (path.size() < 2 || path[1] != ':') return false;
+    return (path[0] >= 'a' && path[0] <= 'z') || (path[0] >= 'A' && path[0] <= 'Z');
+}
+
 } // namespace
 
 FileContents readFile(const std::string& path, std::size_t limit) {
@@ -76,6 +82,8 @@ int replaceFile(const std::string& path, const std::string& text) {
 std::string pathForPeople(const std::string& path) { return toHost(path); }
 
 int deleteFile(const std::string& path) {
+    // A drive is no folder here; by name it would be one of the working directory's.
+    if (namesADrive(path)) return runtime::FileNotFound;
     const std::string hostPath = toHost(path);
     return ::unlink(hostPath.c_str()) == 0 ? 0 : errorNumberOf(errno);
 }

@@ -3,17 +3,15 @@
 #include "platform/linux/paths.h"
 #include "runtime/errors.h"
 
-#include <QString>
-
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <memory>
 #include <string_view>
-#include <utility>
 
 namespace platform {
 
@@ -38,33 +36,39 @@ unsigned char kindOf(DIR* folder, const dirent& entry) {
     return static_cast<unsigned char>(IFTODT(status.st_mode));
 }
 
-bool isDotOrDotDot(std::string_view name) { return name == "." || name == ".."; }
+/// So are the folder itself and the one above it.
+bool isHidden(const dirent& entry) { return entry.d_name[0] == '.'; }
 
-bool same(const struct stat& one, const struct stat& other) {
-    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+/// A folder's path without links, by which it is known; numbers are given by some file systems
+/// only.
+std::string realPath(const std::string& path) {
+    struct Free {
+        void operator()(char* text) const { std::free(text); }
+    };
+    const std::unique_ptr<char, Free> real(::realpath(path.c_str(), nullptr));
+    return real == nullptr ? std::string() : std::string(real.get());
 }
 
 /// Whether one of the folders that a host path leads through, its last included, is `sought`.
-bool leadsThrough(const std::string& path, const struct stat& sought) {
+bool leadsThrough(const std::string& path, const std::string& sought) {
+    if (sought == "/") return path.starts_with('/');
     std::size_t end = 0;
     while (end != std::string::npos) {
         end = path.find('/', end + 1);
-        struct stat status {};
-        if (::stat(path.substr(0, end).c_str(), &status) == 0 && same(status, sought)) return true;
+        if (realPath(path.substr(0, end)) == sought) return true;
     }
-    struct stat root {};
-    return path.starts_with('/') && ::stat("/", &root) == 0 && same(root, sought);
+    return false;
 }
 
 /// Whether a link is to a folder that may be walked into without ever coming back.
 bool isLinkToFolder(DIR* folder, const std::string& path, const char* name) {
     struct stat status {};
-    return ::fstatat(::dirfd(folder), name, &status, 0) == 0 && S_ISDIR(status.st_mode) &&
-           !leadsThrough(path, status);
+    if (::fstatat(::dirfd(folder), name, &status, 0) != 0 || !S_ISDIR(status.st_mode)) return false;
+    return !leadsThrough(path, realPath(path + '/' + name));
 }
 
 bool isSubFolder(DIR* folder, const std::string& path, const dirent& entry) {
-    if (isDotOrDotDot(entry.d_name)) return false;
+    if (isHidden(entry)) return false;
     const unsigned char kind = kindOf(folder, entry);
     return kind == DT_DIR || (kind == DT_LNK && isLinkToFolder(folder, path, entry.d_name));
 }
@@ -99,17 +103,6 @@ FolderListing list(const std::string& hostPath, const Wanted& wanted) {
     return listing;
 }
 
-/// Sorted by folded case; names that differ in nothing else, by their bytes.
-void sortWithoutCase(std::vector<std::string>& names) {
-    std::vector<std::pair<QString, std::string>> keyed;
-    keyed.reserve(names.size());
-    for (std::string& name : names)
-        keyed.emplace_back(QString::fromStdString(name).toCaseFolded(), std::move(name));
-    std::sort(keyed.begin(), keyed.end());
-    std::transform(keyed.begin(), keyed.end(), names.begin(),
-                   [](auto& entry) { return std::move(entry.second); });
-}
-
 } // namespace
 
 FolderListing listFolders(const std::string& folder) {
@@ -117,25 +110,15 @@ FolderListing listFolders(const std::string& folder) {
     FolderListing listing = list(hostPath, [&](DIR* open, const dirent& entry) {
         return isSubFolder(open, hostPath, entry);
     });
-    for (std::string& name : listing.names)
-        name = fromHost(name);
-    sortWithoutCase(listing.names);
     const std::string prefix = folder.ends_with('\\') ? folder : folder + '\\';
     for (std::string& name : listing.names)
-        name.insert(0, prefix);
+        name = fromHost(name).insert(0, prefix);
     return listing;
-}
-
-std::string folderIdentity(const std::string& folder) {
-    struct stat status {};
-    if (::stat(toHost(folder).c_str(), &status) != 0) return {};
-    return std::to_string(status.st_dev) + ':' + std::to_string(status.st_ino);
 }
 
 FolderListing listFiles(const std::string& folder, const std::string& extension) {
     FolderListing listing = list(toHost(folder), [&](DIR* open, const dirent& entry) {
-        return entry.d_name[0] != '.' && endsWith(entry.d_name, extension) &&
-               isOrdinaryFile(open, entry);
+        return !isHidden(entry) && endsWith(entry.d_name, extension) && isOrdinaryFile(open, entry);
     });
     for (std::string& name : listing.names)
         name = fromHost(name);

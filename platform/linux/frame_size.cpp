@@ -20,22 +20,11 @@ bool windowManagerTells(xcb_atom_t request) {
     return std::find(supported.begin(), supported.end(), request) != supported.end();
 }
 
-void askFor(xcb_atom_t request, xcb_window_t window) {
-    xcb_client_message_event_t event = {};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = window;
-    event.type = request;
-    xcb_send_event(x::server(), 0, x::root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&event));
-}
-
 /// What a frame takes on the left, right, top and bottom, in the screen's own pixels.
 std::vector<std::uint32_t> frameExtents(xcb_window_t window) {
     const xcb_atom_t request = x::atom("_NET_REQUEST_FRAME_EXTENTS");
     if (!windowManagerTells(request)) return {};
-    askFor(request, window);
+    x::askWindowManager(request, window, {});
     const xcb_atom_t answer = x::atom("_NET_FRAME_EXTENTS");
     QElapsedTimer clock;
     clock.start();

@@ -5,7 +5,6 @@
 #include "platform/linux/paths.h"
 #include "platform/linux/tray_icon.h"
 
-#include <QDir>
 #include <QStringList>
 #include <QSystemTrayIcon>
 
@@ -37,15 +36,6 @@ void chooseFolder(QFileDialog& dialog, const OPENFILENAME& record) {
     if (record.lpstrInitialDir == nullptr || *record.lpstrInitialDir == '\0') return;
     const QString folder = QFile::decodeName(toHost(record.lpstrInitialDir).c_str());
     if (QFileInfo(folder).isDir()) dialog.setDirectory(folder);
-}
-
-/// Size of the buffers that `SHBrowseForFolder` and `SHGetPathFromIDList` fill.
-constexpr std::uint32_t longestPath = 260;
-
-/// The folders chosen so far; an item is its place, counted from 1. Items are never released.
-std::vector<std::string>& chosenFolders() {
-    static std::vector<std::string> folders;
-    return folders;
 }
 
 using Owner = std::pair<WindowHandle, std::uint32_t>;
@@ -91,28 +81,6 @@ bool GetOpenFileNameA(OPENFILENAME* record) {
     if (paths.size() == 1 && record->lpstrFileTitle != nullptr)
         writeText(bareName(paths.front()), record->lpstrFileTitle, record->nMaxFileTitle);
     return true;
-}
-
-std::int32_t SHBrowseForFolder(BROWSEINFO* record) {
-    const std::vector<std::string> paths =
-        runFileDialog(record->hOwner, record->lpszTitle, [](QFileDialog& dialog) {
-            dialog.setFileMode(QFileDialog::Directory);
-            dialog.setOption(QFileDialog::ShowDirsOnly);
-            dialog.setDirectory(QDir::home());
-        });
-    if (paths.empty()) return 0;
-    if (record->pszDisplayName != nullptr)
-        writeText(bareName(paths.front()), record->pszDisplayName, longestPath);
-    chosenFolders().push_back(paths.front());
-    return static_cast<std::int32_t>(chosenFolders().size());
-}
-
-bool SHGetPathFromIDList(std::int32_t item, char* path) {
-    const std::vector<std::string>& folders = chosenFolders();
-    const auto index = static_cast<std::size_t>(item) - 1;
-    // A failure leaves the empty text, which is no folder, rather than no text at all.
-    *path = '\0';
-    return index < folders.size() && writeText(folders[index], path, longestPath);
 }
 
 bool Shell_NotifyIconA(std::uint32_t message, NOTIFYICONDATA* record) {

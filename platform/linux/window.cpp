@@ -3,6 +3,7 @@
 #include "platform/linux/hook.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
+#include "platform/linux/x_server.h"
 
 #include <map>
 #include <memory>
@@ -25,6 +26,13 @@ struct Table {
 Table& table() {
     static Table all;
     return all;
+}
+
+/// While a desktop shows itself alone, no window that is shown can be seen.
+void leaveShowDesktop() {
+    const xcb_atom_t showing = x::atom("_NET_SHOWING_DESKTOP");
+    const auto value = x::property(x::root(), showing, XCB_ATOM_CARDINAL);
+    if (!value.empty() && value.front() != 0) x::askWindowManager(showing, x::root(), {});
 }
 
 } // namespace
@@ -69,8 +77,23 @@ void showWindow(WindowHandle window, bool visible) {
         widget->hide();
 }
 
+bool setNormalState(WindowHandle window) {
+    WindowWidget* const widget = findWindow(window);
+    if (widget == nullptr) return false;
+    leaveShowDesktop();
+    widget->setWindowState(Qt::WindowNoState);
+    return true;
+}
+
 void requestPaint(WindowHandle window) {
     if (WindowWidget* const widget = findWindow(window)) widget->update();
+}
+
+void paintNow(WindowHandle window) {
+    WindowWidget* const widget = findWindow(window);
+    if (widget == nullptr || !widget->isVisible()) return;
+    widget->repaint();
+    x::awaitServer();
 }
 
 void setTooltip(WindowHandle window, const std::string& text) {

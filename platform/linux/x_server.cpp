@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 
+#include <algorithm>
+
 namespace platform::x {
 
 xcb_connection_t* server() {
@@ -22,6 +24,24 @@ std::string nameOf(xcb_atom_t atom) {
         xcb_get_atom_name_reply(server(), xcb_get_atom_name(server(), atom), nullptr));
     if (reply == nullptr) return {};
     return {xcb_get_atom_name_name(reply.get()), reply->name_len};
+}
+
+void askWindowManager(xcb_atom_t request, xcb_window_t window,
+                      const std::array<std::uint32_t, 5>& values) {
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = request;
+    std::copy(values.begin(), values.end(), event.data.data32);
+    xcb_send_event(server(), 0, root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&event));
+}
+
+void awaitServer() {
+    const Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(server(), xcb_get_input_focus(server()), nullptr));
 }
 
 std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) {

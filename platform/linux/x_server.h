@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -25,6 +26,13 @@ xcb_window_t root();
 xcb_atom_t atom(std::string_view name);
 /// Empty if there is no such atom.
 std::string nameOf(xcb_atom_t atom);
+
+/// Sends the window manager a request about a window.
+void askWindowManager(xcb_atom_t request, xcb_window_t window,
+                      const std::array<std::uint32_t, 5>& values);
+
+/// Waits until the server has done what it was asked so far.
+void awaitServer();
 
 /// The 32-bit values of a window's property; none if there is no such property.
 std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type);

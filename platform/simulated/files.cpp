@@ -42,33 +42,57 @@ std::string normal(const std::string& path) {
 
 } // namespace
 
+/// The path with every link on it replaced by the folder that it leads to.
+std::string Files::real(const std::string& path) const {
+    std::string result = normal(path);
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = result.find('\\', end + 1);
+        const auto link = links_.find(result.substr(0, end));
+        if (link == links_.end()) continue;
+        const std::string rest = end == std::string::npos ? "" : result.substr(end);
+        result = normal(link->second + rest);
+        end = 0;
+    }
+    return result;
+}
+
+/// Whether a link leads to a folder that the path of `folder` goes through.
+bool Files::leadsBack(const std::string& link, const std::string& folder) const {
+    const std::string target = real(link);
+    for (std::string on = normal(folder); !on.empty(); on = folderOf(on))
+        if (real(on) == target) return true;
+    return false;
+}
+
 const Files::File* Files::find(const std::string& path) const {
-    const std::string wanted = normal(path);
+    const std::string wanted = real(path);
     const auto found = std::find_if(files_.begin(), files_.end(),
                                     [&](const File& file) { return file.path == wanted; });
     return found == files_.end() ? nullptr : &*found;
 }
 
 void Files::addFolder(const std::string& path) {
-    const std::string folder = normal(path);
+    const std::string folder = real(path);
     if (folder.empty() || isFolder(folder)) return;
     addFolder(folderOf(folder));
     folders_.push_back(folder);
 }
 
-void Files::addFolderLink(const std::string& path, const std::string& folder) {
+void Files::addHiddenFolder(const std::string& path) {
     addFolder(path);
-    links_[normal(path)] = normal(folder);
+    hiddenFolders_.push_back(real(path));
 }
 
-std::string Files::identity(const std::string& folder) const {
-    if (!isFolder(folder) || !foldersAreNumbered) return "";
-    const auto link = links_.find(normal(folder));
-    return lower(link == links_.end() ? normal(folder) : link->second);
+void Files::addFolderLink(const std::string& path, const std::string& folder) {
+    const std::string link = normal(path);
+    const std::string place = normal(real(folderOf(link)) + '\\' + bareName(link));
+    addFolder(folder);
+    addFolder(place);
+    links_[place] = real(folder);
 }
 
 void Files::addFile(const std::string& path, const std::string& text) {
-    const std::string name = normal(path);
+    const std::string name = real(path);
     addFolder(folderOf(name));
     for (File& file : files_) {
         if (file.path != name) continue;
@@ -84,7 +108,7 @@ void Files::addHiddenFile(const std::string& path) {
 }
 
 void Files::remove(const std::string& path) {
-    const std::string name = normal(path);
+    const std::string name = real(path);
     std::erase_if(files_, [&](const File& file) { return file.path == name; });
     std::erase(folders_, name);
 }
@@ -92,7 +116,7 @@ void Files::remove(const std::string& path) {
 bool Files::exists(const std::string& path) const { return find(path) || isFolder(path); }
 
 bool Files::isFolder(const std::string& path) const {
-    return std::find(folders_.begin(), folders_.end(), normal(path)) != folders_.end();
+    return std::find(folders_.begin(), folders_.end(), real(path)) != folders_.end();
 }
 
 const std::string& Files::text(const std::string& path) const {
@@ -157,11 +181,16 @@ platform::FolderListing Files::folders(const std::string& folder) {
     note("list folders " + folder);
     if (const int fault = std::exchange(nextListError, 0)) return {fault, {}};
     if (!isFolder(folder)) return {runtime::PathNotFound, {}};
+    const std::string place = real(folder);
+    const std::string prefix = isRoot(normal(folder)) ? normal(folder) : normal(folder) + '\\';
     platform::FolderListing listing;
-    for (const std::string& one : folders_)
-        if (folderOf(one) == normal(folder)) listing.names.push_back(one);
-    std::sort(listing.names.begin(), listing.names.end(),
-              [](const std::string& a, const std::string& b) { return lower(a) < lower(b); });
+    for (const std::string& one : folders_) {
+        if (folderOf(one) != place) continue;
+        const auto hidden = std::find(hiddenFolders_.begin(), hiddenFolders_.end(), one);
+        if (hidden != hiddenFolders_.end()) continue;
+        if (links_.contains(one) && leadsBack(one, folder)) continue;
+        listing.names.push_back(prefix + bareName(one));
+    }
     return listing;
 }
 
@@ -171,7 +200,7 @@ platform::FolderListing Files::files(const std::string& folder, const std::strin
     if (!isFolder(folder)) return {runtime::PathNotFound, {}};
     platform::FolderListing listing;
     for (const File& file : files_) {
-        if (file.hidden || folderOf(file.path) != normal(folder)) continue;
+        if (file.hidden || folderOf(file.path) != real(folder)) continue;
         if (lower(file.path).ends_with(lower(extension)))
             listing.names.push_back(bareName(file.path));
     }
@@ -197,8 +226,6 @@ std::string pathForPeople(const std::string& path) { return path; }
 int deleteFile(const std::string& path) { return world.files.erase(path); }
 
 FolderListing listFolders(const std::string& folder) { return world.files.folders(folder); }
-
-std::string folderIdentity(const std::string& folder) { return world.files.identity(folder); }
 
 FolderListing listFiles(const std::string& folder, const std::string& extension) {
     return world.files.files(folder, extension);

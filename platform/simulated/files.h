@@ -21,7 +21,8 @@ class Files {
     void addFile(const std::string& path, const std::string& text = "");
     void addHiddenFile(const std::string& path);
     void addFolder(const std::string& path);
-    /// Adds a folder that is another one under a further path.
+    void addHiddenFolder(const std::string& path);
+    /// Adds a link to a folder, which is there under this path too.
     void addFolderLink(const std::string& path, const std::string& folder);
     void remove(const std::string& path);
 
@@ -43,23 +44,24 @@ class Files {
     int nextReplaceError = 0;
     int nextDeleteError = 0;
     int nextListError = 0;
-    bool diskFull = false;          ///< every replacement fails so
-    bool foldersAreNumbered = true; ///< else no folder has an identity
+    bool diskFull = false; ///< every replacement fails so
 
     /// What the seam calls.
     platform::FileContents read(const std::string& path, std::size_t limit);
     int replace(const std::string& path, const std::string& text);
     int erase(const std::string& path);
-    [[nodiscard]] std::string identity(const std::string& folder) const;
     platform::FolderListing folders(const std::string& folder);
     platform::FolderListing files(const std::string& folder, const std::string& extension);
 
   private:
     [[nodiscard]] const File* find(const std::string& path) const;
     int missing(const std::string& path) const;
+    [[nodiscard]] std::string real(const std::string& path) const;
+    [[nodiscard]] bool leadsBack(const std::string& link, const std::string& folder) const;
 
     std::vector<File> files_;
     std::vector<std::string> folders_;
+    std::vector<std::string> hiddenFolders_;
     std::map<std::string, std::string> links_; ///< path of a link to path of its folder
     std::map<std::string, std::string> shortNames_;
 };

@@ -1,6 +1,9 @@
 #include "platform/simulated/shell.h"
+
+#include "platform/files.h"
 #include "platform/simulated/window_state.h"
 #include "platform/simulated/world.h"
+#include "runtime/characters.h"
 
 #include <algorithm>
 #include <cstring>
@@ -45,8 +48,14 @@ std::string selectionText(const std::vector<std::string>& files) {
 }
 
 void fillTitle(OPENFILENAME& record, const std::string& name) {
-    if (record.lpstrFileTitle == nullptr || name.size() >= record.nMaxFileTitle) return;
+    if (record.lpstrFileTitle == nullptr || runtime::characterCount(name) >= record.nMaxFileTitle)
+        return;
     std::memcpy(record.lpstrFileTitle, name.c_str(), name.size() + 1);
+}
+
+/// In characters.
+std::uint16_t offsetOf(const std::string& path, std::size_t bytes) {
+    return static_cast<std::uint16_t>(runtime::characterCount(path.substr(0, bytes)));
 }
 
 bool confirm(OPENFILENAME& record, const std::vector<std::string>& files) {
@@ -54,21 +63,23 @@ bool confirm(OPENFILENAME& record, const std::vector<std::string>& files) {
     if (several && (record.Flags & platform::OFN_ALLOWMULTISELECT) == 0)
         misuse("the dialog takes one file only");
     const std::string selection = selectionText(files);
-    if (record.lpstrFile == nullptr || selection.size() > record.nMaxFile) return false;
+    if (record.lpstrFile == nullptr || runtime::characterCount(selection) > record.nMaxFile)
+        return false;
     std::memcpy(record.lpstrFile, selection.data(), selection.size());
-    const std::size_t start =
-        several ? folderPart(files.front()).size() + 1 : nameStart(files.front());
-    record.nFileOffset = static_cast<std::uint16_t>(start);
+    const std::string& first = files.front();
+    const std::size_t start = several ? folderPart(first).size() + 1 : nameStart(first);
+    record.nFileOffset = offsetOf(first, start);
     if (several) return true;
-    const std::size_t dot = files.front().rfind('.');
+    const std::size_t dot = first.rfind('.');
     const bool extended = dot != std::string::npos && dot >= start;
-    record.nFileExtension = extended ? static_cast<std::uint16_t>(dot + 1) : std::uint16_t{0};
-    fillTitle(record, files.front().substr(start));
+    record.nFileExtension = extended ? offsetOf(first, dot + 1) : std::uint16_t{0};
+    fillTitle(record, first.substr(start));
     return true;
 }
 
 bool fill(OPENFILENAME& record, const std::string& bytes) {
-    if (record.lpstrFile == nullptr || bytes.size() > record.nMaxFile) return false;
+    if (record.lpstrFile == nullptr || runtime::characterCount(bytes) > record.nMaxFile)
+        return false;
     std::copy(bytes.begin(), bytes.end(), record.lpstrFile);
     return true;
 }
@@ -142,6 +153,11 @@ void Tray::clickRight() const {
 } // namespace simulated
 
 namespace platform {
+namespace {
+
+constexpr std::size_t pathSize = 260; // characters, the nul included
+
+} // namespace
 
 using simulated::world;
 
@@ -165,16 +181,20 @@ std::int32_t SHBrowseForFolder(BROWSEINFO* record) {
     simulated::note("folder dialog");
     const auto script = simulated::runDialog(record->hOwner, world.dialogs.folderScripts);
     if (!script.folder) return 0;
+    if (runtime::characterCount(*script.folder) >= pathSize) {
+        messageBox("The path of this folder is too long:\n" + pathForPeople(*script.folder),
+                   simulated::textOrNothing(record->lpszTitle), MessageIcon::None);
+        return 0;
+    }
     world.dialogs.items.push_back(*script.folder);
     return static_cast<std::int32_t>(world.dialogs.items.size());
 }
 
 bool SHGetPathFromIDList(std::int32_t item, char* path) {
-    constexpr std::size_t bufferSize = 260;
     const auto& items = world.dialogs.items;
     if (item < 1 || static_cast<std::size_t>(item) > items.size()) return false;
     const std::string& folder = items[static_cast<std::size_t>(item) - 1];
-    if (folder.empty() || folder.size() >= bufferSize) return false;
+    if (folder.empty()) return false;
     std::memcpy(path, folder.c_str(), folder.size() + 1);
     return true;
 }

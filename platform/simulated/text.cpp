@@ -1,6 +1,7 @@
 #include "platform/simulated/text.h"
 
 #include "platform/simulated/world.h"
+#include "runtime/characters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,8 +27,6 @@ Size characterSize(const Font& font) {
     return {pixels(0.72), pixels(1.6)};
 }
 
-bool continuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
-
 void fill(Picture& picture, const Rect& clip, const Rect& box, Pixel colour) {
     const std::int32_t left = std::max({box.left, clip.left, 0});
     const std::int32_t right = std::min({box.right, clip.right, picture.width});
@@ -42,8 +41,7 @@ void fill(Picture& picture, const Rect& clip, const Rect& box, Pixel colour) {
 
 Size measureText(const Font& font, std::string_view text) {
     const Size character = characterSize(font);
-    const auto characters = static_cast<std::int32_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return !continuesCharacter(c); }));
+    const auto characters = static_cast<std::int32_t>(runtime::characterCount(text));
     return {characters * character.width, character.height};
 }
 
@@ -53,9 +51,8 @@ void drawText(Picture& picture, const Rect& clip, Point origin, const Font& font
     if (world.text.leaveOut) return;
     const Size character = characterSize(font);
     std::int32_t left = origin.x;
-    for (const char c : text) {
-        if (continuesCharacter(c)) continue;
-        if (c != ' ')
+    for (std::size_t at = 0; at < text.size(); at += runtime::lengthOfCharacter(text, at)) {
+        if (text[at] != ' ')
             fill(picture, clip,
                  {left, origin.y + 2, left + std::max(1, character.width - 1),
                   origin.y + character.height - 2},

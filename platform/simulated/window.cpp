@@ -33,17 +33,20 @@ platform::Picture picture(WindowHandle handle) {
     return shown.events.paint();
 }
 
+void paintIfWanted(WindowHandle handle) {
+    const auto found = world.windows.all.find(handle);
+    if (found == world.windows.all.end() || !found->second.paintWanted) return;
+    found->second.paintWanted = false;
+    ++found->second.paints;
+    if (found->second.events.paint) found->second.events.paint();
+}
+
 void paintWaiting() {
     std::vector<WindowHandle> waiting;
     for (auto& [handle, one] : world.windows.all)
         if (one.visible && one.paintWanted) waiting.push_back(handle);
-    for (const WindowHandle handle : waiting) {
-        const auto found = world.windows.all.find(handle);
-        if (found == world.windows.all.end() || !found->second.paintWanted) continue;
-        found->second.paintWanted = false;
-        ++found->second.paints;
-        if (found->second.events.paint) found->second.events.paint();
-    }
+    for (const WindowHandle handle : waiting)
+        paintIfWanted(handle);
 }
 
 bool enabled(WindowHandle handle) {
@@ -102,6 +105,11 @@ void moveByWindowManager(WindowHandle handle, platform::Point corner) {
     place(handle, corner);
 }
 
+void minimiseByWindowManager(WindowHandle handle) {
+    if (!existing(handle).visible) misuse("a hidden window can't be made an icon");
+    existing(handle).minimised = true;
+}
+
 void closeByUser(WindowHandle handle) {
     const auto closing = existing(handle).events.closing;
     if (closing) closing();
@@ -153,7 +161,22 @@ void destroyWindow(WindowHandle window) {
 
 void showWindow(WindowHandle window, bool visible) { simulated::setVisible(window, visible); }
 
+bool setNormalState(WindowHandle window) {
+    simulated::Window& changed = existing(window);
+    simulated::note("normal state of window " + std::to_string(window));
+    if (world.windows.refuseNormalState) return false;
+    changed.minimised = false;
+    return true;
+}
+
 void requestPaint(WindowHandle window) { existing(window).paintWanted = true; }
+
+void paintNow(WindowHandle window) {
+    const simulated::Window& shown = existing(window);
+    if (!shown.visible || !shown.paintWanted) return;
+    simulated::note("paint window " + std::to_string(window));
+    simulated::paintIfWanted(window);
+}
 
 void setTooltip(WindowHandle window, const std::string& text) { existing(window).tooltip = text; }
 

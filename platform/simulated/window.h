@@ -32,6 +32,7 @@ struct Window {
     platform::Point position; ///< outer top left corner, screen pixels
     platform::Size size;      ///< client pixels
     bool visible = false;
+    bool minimised = false; ///< by the window manager; it has the window as an icon
     bool paintWanted = false;
     int paints = 0;                            ///< how often the window painted itself
     platform::RegionHandle region = 0;         ///< that it is cut to; 0 for none
@@ -54,6 +55,7 @@ struct Windows {
     std::map<WindowHandle, std::vector<WindowHandle>> disabledByModal;
     std::vector<WindowHandle> disabled; ///< by messages and dialogs, once for each of these
     std::vector<std::function<void()>> modalScripts;
+    bool refuseNormalState = false; ///< every request for the normal state fails
 };
 
 /// Height of the title bar of `Frame::Dialog`, pixels.
@@ -106,6 +108,9 @@ void typeText(WindowHandle window, const std::string& character);
 
 /// The user moves a window by the window manager's means.
 void moveByWindowManager(WindowHandle window, platform::Point corner);
+
+/// The user, or the window manager, makes a window an icon, which only the normal state undoes.
+void minimiseByWindowManager(WindowHandle window);
 
 /// The user closes a window, or the session ends.
 void closeByUser(WindowHandle window);

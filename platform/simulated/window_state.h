@@ -32,6 +32,9 @@ std::vector<WindowHandle> allWindows();
 
 void bringToFront(WindowHandle handle);
 
+/// Has a window paint itself if it asked for it and still exists.
+void paintIfWanted(WindowHandle handle);
+
 void setVisible(WindowHandle handle, bool visible);
 
 /// Moves a window and tells it so.

@@ -322,26 +322,29 @@ TEST_CASE("a folder adds MP3 files in any letter case, no wave files and no hidd
     CHECK(titles(player) == Texts{"a.MP3", "b.Mp3"});
 }
 
-TEST_CASE("a folder that links lead to as well is entered once, by the first path found") {
+TEST_CASE(
+    "a folder that is reached by two paths is added by both, and no link makes a walk endless") {
     Player player;
     player.start();
     world.files.addFile("C:\\Music\\real\\1.mp3");
     world.files.addFolderLink("C:\\Music\\x link", "C:\\Music\\real");
-    world.files.addFile("C:\\Music\\x link\\1.mp3");
     world.files.addFolderLink("C:\\Music\\real\\loop", "C:\\Music");
-    world.files.addFile("C:\\Music\\real\\loop\\2.mp3");
     walk(player, "C:\\Music");
-    CHECK(paths(player) == Texts{"C:\\Music\\real\\1.mp3"});
+    CHECK(paths(player) == Texts{"C:\\Music\\real\\1.mp3", "C:\\Music\\x link\\1.mp3"});
 }
 
-TEST_CASE("where the file system numbers no folders, every one of them is entered") {
+TEST_CASE("folders are walked in the order of the user's language, without the hidden ones") {
     Player player;
     player.start();
-    world.files.foldersAreNumbered = false;
-    world.files.addFile("C:\\Music\\a\\1.mp3");
-    world.files.addFile("C:\\Music\\b\\2.mp3");
+    for (const char* name : {"beta", "\xC3\x89tude", "_new", "Fugue", "ALPHA", "alpha", "[1]"})
+        world.files.addFile(std::string("C:\\Music\\") + name + "\\x.mp3");
+    world.files.addHiddenFolder("C:\\Music\\Trash");
+    world.files.addFile("C:\\Music\\Trash\\x.mp3");
     walk(player, "C:\\Music");
-    CHECK(paths(player) == Texts{"C:\\Music\\a\\1.mp3", "C:\\Music\\b\\2.mp3"});
+    Texts expected;
+    for (const char* name : {"[1]", "_new", "ALPHA", "alpha", "beta", "\xC3\x89tude", "Fugue"})
+        expected.push_back(std::string("C:\\Music\\") + name + "\\x.mp3");
+    CHECK(paths(player) == expected);
 }
 
 TEST_CASE("adding a folder selects nothing, plays nothing and remembers no folder") {

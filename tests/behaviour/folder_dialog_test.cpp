@@ -45,6 +45,24 @@ TEST_CASE("a folder of 259 characters comes back whole") {
     CHECK(browse(player) == folder);
 }
 
+TEST_CASE(
+    "a folder of 259 characters comes back whole, whatever their bytes; a longer one is refused") {
+    Player player;
+    player.start();
+    for (const std::string character : {"\xD0\xB6", "\xE9\x9F\xB3", "\xF0\x9F\x8E\xB5"}) {
+        std::string folder = "C:\\";
+        for (int i = 0; i < 256; ++i)
+            folder += character;
+        world.dialogs.pickFolder(folder);
+        CHECK(browse(player) == folder);
+        CHECK(world.messages.shown.empty());
+        world.dialogs.pickFolder(folder + character);
+        CHECK(browse(player).empty());
+        CHECK(world.messages.shown.size() == 1);
+        world.messages.shown.clear();
+    }
+}
+
 TEST_CASE("an item without a path is the fatal end") {
     Player player;
     player.start();

@@ -165,6 +165,25 @@ TEST_CASE("a selection that doesn't fit the buffer is the same as a cancel") {
     CHECK(dialog.ShowOpen());
 }
 
+TEST_CASE("the buffer's size is in characters, whatever their bytes") {
+    simulated::reset();
+    for (const std::string character : {"a", "\xD0\xB6", "\xE9\x9F\xB3", "\xF0\x9F\x8E\xB5"}) {
+        std::string path = "C:\\";
+        for (int i = 0; i < 16380; ++i)
+            path += character;
+        COpenFileDialog dialog;
+        dialog.MaxFileSize(16384); // the path, which has 16383, and its nul
+        world.dialogs.pickFiles({path});
+        CHECK(dialog.ShowOpen());
+        CHECK(dialog.FileName() == path + '\0');
+        CHECK(dialog.FileTitle().empty());
+        dialog.FileName("");
+        world.dialogs.pickFiles({path + character});
+        CHECK_FALSE(dialog.ShowOpen());
+        CHECK(dialog.FileName().empty());
+    }
+}
+
 TEST_CASE("a buffer of no characters takes no selection") {
     simulated::reset();
     COpenFileDialog dialog;

@@ -50,16 +50,24 @@ TEST_CASE("a deleted file is gone") {
     CHECK(platform::readFile(path, 10).error == runtime::FileNotFound);
 }
 
-TEST_CASE("sub-folders are listed as full paths, sorted without regard to case") {
+TEST_CASE("sub-folders are listed as full paths") {
     const std::string beta = contract::makeFolder("tree\\beta");
     const std::string alpha = contract::makeFolder("tree\\Alpha");
     const std::string gamma = contract::makeFolder("tree\\Gamma");
     contract::makeFolder("tree\\beta\\deeper");
     contract::makeFile("tree\\file.mp3", "x");
-    const platform::FolderListing listing =
-        platform::listFolders(contract::scratchFolder() + "\\tree");
+    platform::FolderListing listing = platform::listFolders(contract::scratchFolder() + "\\tree");
     CHECK(listing.error == 0);
-    CHECK(listing.names == std::vector<std::string>{alpha, beta, gamma});
+    std::sort(listing.names.begin(), listing.names.end());
+    CHECK(listing.names == std::vector<std::string>{alpha, gamma, beta});
+}
+
+TEST_CASE("a folder that the desktop hides isn't listed, but may be asked for its own folders") {
+    const std::string hidden = contract::makeHiddenFolder("trash");
+    const std::string shown = contract::makeFolder("music");
+    CHECK(platform::listFolders(contract::scratchFolder()).names ==
+          std::vector<std::string>{shown});
+    CHECK(platform::listFolders(hidden).error == 0);
 }
 
 TEST_CASE("files are listed by bare names, their extension matched in any case") {

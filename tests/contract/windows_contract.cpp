@@ -54,6 +54,72 @@ TEST_CASE("a shown window paints itself, and again for a request, however often 
     CHECK(paints == before + 1);
 }
 
+TEST_CASE(
+    "a window told to paint has painted before the call returns, once, and no event has run") {
+    int paints = 0;
+    int ticks = 0;
+    const Picture picture(120, 80, 0xFF336699U);
+    WindowEvents events;
+    events.paint = [&]() -> const Picture& {
+        ++paints;
+        return picture;
+    };
+    const contract::Window window(std::move(events));
+    showWindow(window.handle, true);
+    REQUIRE(contract::waitUntil([&] { return paints > 0; }));
+    contract::letPass(200);
+    const int before = paints;
+    const contract::Timer timer(1, [&] { ++ticks; });
+    Sleep(20);
+    requestPaint(window.handle);
+    paintNow(window.handle);
+    CHECK(paints == before + 1);
+    CHECK(ticks == 0);
+    contract::letPass(50);
+    CHECK(paints == before + 1);
+}
+
+TEST_CASE("a hidden window paints nothing when it is told to") {
+    int paints = 0;
+    const Picture picture(120, 80, 0xFF336699U);
+    WindowEvents events;
+    events.paint = [&]() -> const Picture& {
+        ++paints;
+        return picture;
+    };
+    const contract::Window window(std::move(events));
+    requestPaint(window.handle);
+    paintNow(window.handle);
+    contract::letPass(50);
+    CHECK(paints == 0);
+}
+
+TEST_CASE("the normal state takes a window out of its icon, and leaves it where it was") {
+    const contract::Window window;
+    showWindow(window.handle, true);
+    REQUIRE(contract::inShape(window.handle, 10, 10));
+    contract::minimise(window.handle);
+    REQUIRE(contract::waitUntil([&] { return contract::isMinimised(window.handle); }));
+    CHECK(setNormalState(window.handle));
+    CHECK(contract::waitUntil([&] { return !contract::isMinimised(window.handle); }));
+    CHECK(contract::inShape(window.handle, 10, 10));
+    CHECK(contract::waitUntil([&] {
+        return contract::outerArea(window.handle) == Rect{200, 150, 320, 230};
+    }));
+}
+
+TEST_CASE("the normal state shows no hidden window, and changes nothing of a shown one") {
+    const contract::Window hidden;
+    CHECK(setNormalState(hidden.handle));
+    contract::letPass(100);
+    CHECK_FALSE(contract::isShown(hidden.handle));
+    showWindow(hidden.handle, true);
+    REQUIRE(contract::waitUntil([&] { return contract::isShown(hidden.handle); }));
+    CHECK(setNormalState(hidden.handle));
+    contract::letPass(100);
+    CHECK(contract::isShown(hidden.handle));
+}
+
 TEST_CASE("a modal window holds the call until it is hidden, and ticks go on") {
     const contract::Window owner;
     const contract::Window window;

@@ -21,6 +21,7 @@ std::string scratchFolder();
 std::string makeFile(const std::string& name, const std::string& text);
 std::string makeHiddenFile(const std::string& name);
 std::string makeFolder(const std::string& name);
+std::string makeHiddenFolder(const std::string& name);
 /// A WAV file of a tone, its length a multiple of 10 ms.
 std::string makeWave(const std::string& name, int milliseconds);
 
@@ -45,6 +46,15 @@ void click(platform::WindowHandle window, std::int32_t x, std::int32_t y);
 
 /// What a window that is shown takes up on the screen, its frame included.
 platform::Rect outerArea(platform::WindowHandle window);
+
+/// Whether a window is on the screen.
+bool isShown(platform::WindowHandle window);
+
+/// Makes a window that is shown an icon, as the user does by means of the window manager.
+void minimise(platform::WindowHandle window);
+
+/// Whether the window manager has a window as an icon.
+bool isMinimised(platform::WindowHandle window);
 
 /// Whether a client pixel of a window that is shown belongs to it as it is cut now.
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y);

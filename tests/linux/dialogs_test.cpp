@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QStringList>
 #include <QTimer>
 
@@ -59,17 +60,18 @@ void type(QFileDialog& dialog, const std::string& text) {
 
 /// An open dialog as the player asks for one.
 struct OpenDialog {
-    std::string buffer = std::string(16384, '#');
-    std::string title = std::string(16384, '#');
+    std::uint32_t size = 16384;
+    std::string buffer = std::string(4 * size, '#');
+    std::string title = std::string(4 * size, '#');
     std::string folder;
     platform::OPENFILENAME record;
 
     explicit OpenDialog(const TemporaryFolder& initial) : folder(fromHost(initial.path())) {
         record.lpstrFilter = "Supported audio\0*.MP3;*.wav;\0\0";
         record.lpstrFile = buffer.data();
-        record.nMaxFile = static_cast<std::uint32_t>(buffer.size());
+        record.nMaxFile = size;
         record.lpstrFileTitle = title.data();
-        record.nMaxFileTitle = static_cast<std::uint32_t>(title.size());
+        record.nMaxFileTitle = size;
         record.lpstrInitialDir = folder.c_str();
         record.lpstrTitle = "Open File";
         record.Flags = platform::OFN_EXPLORER | platform::OFN_ALLOWMULTISELECT;
@@ -82,9 +84,11 @@ struct OpenDialog {
         CHECK(user.acted());
         return confirmed;
     }
-    [[nodiscard]] std::string withoutFill() const {
-        return buffer.substr(0, buffer.find_last_not_of('\0') + 1);
+    /// What was written; the rest of the buffer is as it was.
+    [[nodiscard]] std::string written() const {
+        return buffer.substr(0, buffer.find_last_not_of('#') + 1);
     }
+    [[nodiscard]] bool untouched() const { return written().empty(); }
 };
 
 void makeMusic(const TemporaryFolder& folder) {
@@ -100,10 +104,9 @@ TEST_CASE("the open dialog gives the one file that was named") {
     makeMusic(folder);
     OpenDialog open(folder);
     CHECK(open.run([](QFileDialog& dialog) { type(dialog, "b c.MP3"); }));
-    CHECK(open.withoutFill() == fromHost(folder / "b c.MP3"));
+    CHECK(open.written() == fromHost(folder / "b c.MP3") + '\0');
     CHECK(open.title.c_str() == "b c.MP3"s);
     CHECK(open.record.nFileOffset == open.folder.size() + 1);
-    CHECK(open.buffer.size() == 16384);
 }
 
 TEST_CASE("the open dialog gives several files as their folder and their names") {
@@ -111,7 +114,7 @@ TEST_CASE("the open dialog gives several files as their folder and their names")
     makeMusic(folder);
     OpenDialog open(folder);
     CHECK(open.run([](QFileDialog& dialog) { type(dialog, "\"d.Wav\" \"a.mp3\""); }));
-    CHECK(open.withoutFill() == open.folder + "\0d.Wav\0a.mp3"s);
+    CHECK(open.written() == open.folder + "\0d.Wav\0a.mp3\0\0"s);
 }
 
 TEST_CASE("the open dialog takes one file only when it isn't asked for several") {
@@ -129,8 +132,8 @@ TEST_CASE("a cancelled open dialog leaves the buffers alone") {
     const TemporaryFolder folder;
     OpenDialog open(folder);
     CHECK_FALSE(open.run([](QFileDialog& dialog) { dialog.reject(); }));
-    CHECK(open.buffer == std::string(16384, '#'));
-    CHECK(open.title == std::string(16384, '#'));
+    CHECK(open.untouched());
+    CHECK(open.title.find_first_not_of('#') == std::string::npos);
 }
 
 TEST_CASE("a closed open dialog counts as cancelled") {
@@ -145,7 +148,7 @@ TEST_CASE("a selection that doesn't fit the buffer counts as cancelled") {
     OpenDialog open(folder);
     open.record.nMaxFile = static_cast<std::uint32_t>(open.folder.size() + 6); // a.mp3, but no nul
     CHECK_FALSE(open.run([](QFileDialog& dialog) { type(dialog, "a.mp3"); }));
-    CHECK(open.buffer == std::string(16384, '#'));
+    CHECK(open.untouched());
 }
 
 TEST_CASE("the open dialog disables no window and lets timers tick") {
@@ -196,7 +199,7 @@ TEST_CASE("the folder dialog gives the path of the folder that was named") {
     record.lpszTitle = "Browse for folder";
     const std::int32_t item = platform::SHBrowseForFolder(&record);
     REQUIRE(item != 0);
-    std::string path(260, ' ');
+    std::string path(1040, ' ');
     CHECK(platform::SHGetPathFromIDList(item, path.data()));
     CHECK(path.c_str() == fromHost(folder / "sub"));
 }
@@ -204,7 +207,7 @@ TEST_CASE("the folder dialog gives the path of the folder that was named") {
 TEST_CASE("the root keeps its separator in the folder dialog's answer") {
     const WhenDialogShows user([](QFileDialog& dialog) { type(dialog, "/"); });
     platform::BROWSEINFO record;
-    std::string path(260, ' ');
+    std::string path(1040, ' ');
     CHECK(platform::SHGetPathFromIDList(platform::SHBrowseForFolder(&record), path.data()));
     CHECK(path.c_str() == "\\"s);
 }
@@ -215,20 +218,47 @@ TEST_CASE("a cancelled folder dialog gives no item") {
     CHECK(platform::SHBrowseForFolder(&record) == 0);
 }
 
-TEST_CASE("a folder whose path is too long for its buffer reads as none") {
+TEST_CASE("a folder of 259 characters fits, whatever their bytes") {
+    const TemporaryFolder folder;
+    for (const std::string character : {"a", "\xD0\xB6", "\xE9\x9F\xB3", "\xF0\x9F\x8E\xB5"}) {
+        std::string name;
+        for (std::size_t left = 259 - folder.path().size() - 1; left > 0; --left)
+            name += left % 50 == 0 ? "/" : character;
+        const std::string deep = folder.makeFolder(name);
+        const WhenDialogShows user([&](QFileDialog& dialog) { type(dialog, deep); });
+        platform::BROWSEINFO record;
+        std::string path(1040, ' ');
+        CHECK(platform::SHGetPathFromIDList(platform::SHBrowseForFolder(&record), path.data()));
+        CHECK(path.c_str() == fromHost(deep));
+    }
+}
+
+TEST_CASE("a folder whose path is too long is refused with a message, and counts as a cancel") {
     const TemporaryFolder folder;
     const std::string deep = folder.makeFolder(std::string(150, 'x') + '/' + std::string(150, 'y'));
     const WhenDialogShows user([&](QFileDialog& dialog) { type(dialog, deep); });
+    QString text;
+    QString title;
+    QTimer message;
+    QObject::connect(&message, &QTimer::timeout, &message, [&] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* box = qobject_cast<QMessageBox*>(widget);
+            if (box == nullptr || !box->isVisible()) continue;
+            text = box->text();
+            title = box->windowTitle();
+            box->accept();
+        }
+    });
+    message.start(5);
     platform::BROWSEINFO record;
-    const std::int32_t item = platform::SHBrowseForFolder(&record);
-    REQUIRE(item != 0);
-    std::string path(260, ' ');
-    CHECK_FALSE(platform::SHGetPathFromIDList(item, path.data()));
-    CHECK(path[0] == '\0');
+    record.lpszTitle = "Browse for folder";
+    CHECK(platform::SHBrowseForFolder(&record) == 0);
+    CHECK(text.toStdString() == "The path of this folder is too long:\n" + deep);
+    CHECK(title == "Browse for folder");
 }
 
 TEST_CASE("an item that no dialog gave has no path") {
-    std::string path(260, ' ');
+    std::string path(1040, ' ');
     CHECK_FALSE(platform::SHGetPathFromIDList(0, path.data()));
     CHECK_FALSE(platform::SHGetPathFromIDList(12345, path.data()));
     CHECK_FALSE(platform::SHGetPathFromIDList(-1, path.data()));

@@ -16,7 +16,7 @@ using Names = std::vector<std::string>;
 
 namespace {
 
-/// The names of a folder's sub-folders, their common prefix taken off.
+/// The names of a folder's sub-folders, sorted, their common prefix taken off.
 Names subFolders(const TemporaryFolder& folder, const std::string& of = "") {
     const std::string path = platform::fromHost(of.empty() ? folder.path() : folder / of);
     const platform::FolderListing listing = platform::listFolders(path);
@@ -26,6 +26,7 @@ Names subFolders(const TemporaryFolder& folder, const std::string& of = "") {
         REQUIRE(full.starts_with(path + '\\'));
         names.push_back(full.substr(path.size() + 1));
     }
+    std::sort(names.begin(), names.end());
     return names;
 }
 
@@ -67,15 +68,15 @@ std::size_t walkedFolders(const TemporaryFolder& folder) {
 
 } // namespace
 
-TEST_CASE("sub-folders come as full paths, sorted without regard to case") {
+TEST_CASE("sub-folders come as full paths, without the hidden ones") {
     const TemporaryFolder folder;
     for (const char* name :
-         {"beta", "Alpha", "\xC3\x89tude", "gamma", "\xC3\xA9toile", "ALPHA", ".x"})
+         {"beta", "Alpha", "\xC3\x89tude", "gamma", "\xC3\xA9toile", "ALPHA", ".x", "..y"})
         static_cast<void>(folder.makeFolder(name));
     static_cast<void>(folder.makeFolder("beta/deeper"));
     writeHostFile(folder / "file.mp3", "x");
     CHECK(subFolders(folder) ==
-          Names{".x", "ALPHA", "Alpha", "beta", "gamma", "\xC3\xA9toile", "\xC3\x89tude"});
+          Names{"ALPHA", "Alpha", "beta", "gamma", "\xC3\x89tude", "\xC3\xA9toile"});
 }
 
 TEST_CASE("sub-folders of the root have one separator in front") {
@@ -116,19 +117,24 @@ TEST_CASE("a link that leads back to a folder on the way is left out") {
     CHECK(subFolders(folder, "a/b").empty());
 }
 
-TEST_CASE("a folder has one identity by all paths that lead to it, and no other has it") {
+TEST_CASE("a folder that is reached by two paths is listed by both") {
     const TemporaryFolder folder;
-    std::filesystem::create_directory(folder / "a");
-    std::filesystem::create_directory(folder / "b");
-    std::filesystem::create_directory_symlink("../a", folder / "b/link");
-    const auto identity = [&](const std::string& name) {
-        return platform::folderIdentity(platform::fromHost(folder / name));
-    };
-    CHECK_FALSE(identity("a").empty());
-    CHECK(identity("a") == identity("b/link"));
-    CHECK(identity("a") == identity("b/../a/"));
-    CHECK(identity("a") != identity("b"));
-    CHECK(identity("c").empty());
+    static_cast<void>(folder.makeFolder("a/inner"));
+    std::filesystem::create_directory_symlink("a", folder / "link");
+    CHECK(subFolders(folder) == Names{"a", "link"});
+    CHECK(subFolders(folder, "a") == Names{"inner"});
+    CHECK(subFolders(folder, "link") == Names{"inner"});
+}
+
+TEST_CASE("a link back to a folder that was reached by a link is left out") {
+    const TemporaryFolder folder;
+    static_cast<void>(folder.makeFolder("a/b"));
+    static_cast<void>(folder.makeFolder("elsewhere/x"));
+    std::filesystem::create_directory_symlink(folder / "elsewhere", folder / "a/b/link");
+    std::filesystem::create_directory_symlink(folder / "a", folder / "elsewhere/x/back");
+    std::filesystem::create_directory_symlink("..", folder / "elsewhere/x/up");
+    CHECK(subFolders(folder, "a/b/link/x").empty());
+    CHECK(subFolders(folder, "elsewhere/x") == Names{"back"});
 }
 
 TEST_CASE("a walk through folders that link to each other ends") {

@@ -314,3 +314,17 @@ TEST_CASE("each kind of system error has its number") {
     CHECK(platform::errorNumberOf(EIO) == runtime::DeviceError);
     CHECK(platform::errorNumberOf(EMFILE) == runtime::TooManyFiles);
 }
+
+TEST_CASE("a path on a drive names no file, whatever the working directory holds") {
+    const TemporaryFolder folder;
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    const std::string file = folder.makeFolder("c:") + "/old.txt";
+    writeHostFile(file, "x");
+    writeHostFile(folder / "C:old.txt", "x");
+    CHECK(platform::deleteFile("c:\\old.txt") == runtime::FileNotFound);
+    CHECK(platform::deleteFile("C:old.txt") == runtime::FileNotFound);
+    CHECK(std::filesystem::exists(file));
+    CHECK(std::filesystem::exists(folder / "C:old.txt"));
+    std::filesystem::current_path(before);
+}

@@ -1,3 +1,4 @@
+#include "platform/linux/x_server.h"
 #include "platform/system.h"
 #include "platform/window.h"
 #include "tests/contract/linux/real_pointer.h"
@@ -173,4 +174,29 @@ TEST_CASE("showing a window that is shown brings it to the front") {
     showWindow(placed.handle, true);
     CHECK(standsAt({300, 200}));
     CHECK(contract::waitUntil([] { return screenPixel({320, 220}) == colour; }));
+}
+
+TEST_CASE("what a window is told to paint is on the screen when the call returns") {
+    Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    contract::letPass(200);
+    for (const Pixel other : {0xFF10C020U, 0xFF8040F0U, 0xFFFFFFFFU}) {
+        placed.picture = Picture(120, 80, other);
+        requestPaint(placed.handle);
+        paintNow(placed.handle);
+        CHECK(screenPixel({300, 200}) == other);
+        CHECK(screenPixel({419, 279}) == other);
+    }
+}
+
+TEST_CASE("the normal state ends the desktop's showing of itself alone") {
+    const Placed placed({300, 200});
+    showWindow(placed.handle, true);
+    REQUIRE(standsAt({300, 200}));
+    x::askWindowManager(x::atom("_NET_SHOWING_DESKTOP"), x::root(), {1});
+    x::awaitServer();
+    REQUIRE(contract::waitUntil([] { return screenPixel({300, 200}) != colour; }));
+    CHECK(setNormalState(placed.handle));
+    CHECK(standsAt({300, 200}));
 }

@@ -3,6 +3,7 @@
 #include "platform/desktop.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
+#include "platform/linux/x_server.h"
 #include "tests/contract/linux/real_pointer.h"
 #include "tests/contract/linux/shown_dialog.h"
 #include "tests/contract/tone.h"
@@ -123,6 +124,8 @@ std::string makeFolder(const std::string& name) {
     return playerPath(path);
 }
 
+std::string makeHiddenFolder(const std::string& name) { return makeFolder('.' + name); }
+
 std::string makeWave(const std::string& name, int milliseconds) {
     return makeFile(name, toneFile(static_cast<std::uint32_t>(milliseconds)));
 }
@@ -175,6 +178,24 @@ platform::Rect outerArea(platform::WindowHandle window) {
         xcb_get_geometry_reply(server(), xcb_get_geometry(server(), outer), nullptr));
     const std::int32_t borders = 2 * area->border_width;
     return {area->x, area->y, area->x + area->width + borders, area->y + area->height + borders};
+}
+
+bool isShown(platform::WindowHandle window) {
+    return isOnScreen(static_cast<xcb_window_t>(platform::findWindow(window)->winId()));
+}
+
+void minimise(platform::WindowHandle window) {
+    const auto id = static_cast<xcb_window_t>(platform::findWindow(window)->winId());
+    waitUntil([&] { return isOnScreen(id); });
+    xdotool("windowminimize " + std::to_string(id));
+}
+
+bool isMinimised(platform::WindowHandle window) {
+    constexpr std::uint32_t iconicState = 3;
+    const auto id = static_cast<xcb_window_t>(platform::findWindow(window)->winId());
+    const xcb_atom_t name = platform::x::atom("WM_STATE");
+    const auto state = platform::x::property(id, name, name);
+    return !state.empty() && state.front() == iconicState;
 }
 
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {

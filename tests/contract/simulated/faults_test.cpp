@@ -56,6 +56,18 @@ TEST_CASE("files list in the order in which they came, hidden ones not") {
     CHECK(platform::listFiles("C:\\M", ".mp3").names == std::vector<std::string>{"b.mp3", "a.MP3"});
 }
 
+TEST_CASE("a link shows its folder under a further path, unless that leads back") {
+    world.files.addFile("C:\\M\\real\\1.mp3");
+    world.files.addFolderLink("C:\\M\\link", "C:\\M\\real");
+    world.files.addFolderLink("C:\\M\\real\\loop", "C:\\M");
+    using Names = std::vector<std::string>;
+    CHECK(platform::listFolders("C:\\M").names == Names{"C:\\M\\real", "C:\\M\\link"});
+    CHECK(platform::listFiles("C:\\M\\link", ".mp3").names == Names{"1.mp3"});
+    CHECK(platform::listFolders("C:\\M\\real").names.empty());
+    CHECK(platform::listFolders("C:\\M\\link").names.empty());
+    CHECK(platform::listFolders("C:\\").names == Names{"C:\\Orvan", "C:\\M"});
+}
+
 TEST_CASE("a path can be given a short name, or none") {
     world.media.addFile("C:\\M\\a song.mp3", 1000);
     world.files.setShortName("C:\\M\\a song.mp3", "C:\\M\\ASONG~1.MP3");

@@ -22,7 +22,7 @@ const std::vector<MenuItem> items = {
 
 /// A record as a program fills it, with its buffer.
 struct Request {
-    explicit Request(std::size_t size) : buffer(size, '\0'), title(size, '\0') {
+    explicit Request(std::size_t size) : buffer(4 * size, '\0'), title(4 * size, '\0') {
         record.lpstrFile = buffer.data();
         record.nMaxFile = static_cast<std::uint32_t>(size);
         record.lpstrFileTitle = title.data();
@@ -41,6 +41,13 @@ struct Request {
 
 std::string padded(const std::string& text, std::size_t size) {
     return text + std::string(size - text.size(), '\0');
+}
+
+std::string repeated(const std::string& text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
 }
 
 platform::NOTIFYICONDATA iconFor(platform::WindowHandle hook) {
@@ -87,8 +94,8 @@ TEST_CASE("one file picked is its path and a nul; the rest of the buffer stays")
     Request request(64);
     world.dialogs.pickFiles({"C:\\Music\\a song.mp3"});
     CHECK(platform::GetOpenFileNameA(&request.record));
-    CHECK(request.buffer == padded("C:\\Music\\a song.mp3", 64));
-    CHECK(request.title == padded("a song.mp3", 64));
+    CHECK(request.buffer == padded("C:\\Music\\a song.mp3", 256));
+    CHECK(request.title == padded("a song.mp3", 256));
     CHECK(request.record.nFileOffset == 9);
     CHECK(request.record.nFileExtension == 16);
 }
@@ -97,7 +104,7 @@ TEST_CASE("several files picked are the folder and the names, each with a nul, a
     Request request(64);
     world.dialogs.pickFiles({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
     CHECK(platform::GetOpenFileNameA(&request.record));
-    CHECK(request.buffer == padded(std::string("C:\\Music\0a.mp3\0b.mp3", 20), 64));
+    CHECK(request.buffer == padded(std::string("C:\\Music\0a.mp3\0b.mp3", 20), 256));
     CHECK(request.record.nFileOffset == 9);
 }
 
@@ -105,7 +112,7 @@ TEST_CASE("at a root the folder of several files keeps its separator") {
     Request request(64);
     world.dialogs.pickFiles({"C:\\a.mp3", "C:\\b.mp3"});
     CHECK(platform::GetOpenFileNameA(&request.record));
-    CHECK(request.buffer == padded(std::string("C:\\\0a.mp3\0b.mp3", 15), 64));
+    CHECK(request.buffer == padded(std::string("C:\\\0a.mp3\0b.mp3", 15), 256));
 }
 
 TEST_CASE("a selection that fills the buffer fits, one that needs one more character does not") {
@@ -123,10 +130,24 @@ TEST_CASE("a selection that fills the buffer fits, one that needs one more chara
     CHECK_FALSE(platform::GetOpenFileNameA(&tight.record));
 }
 
+TEST_CASE("a selection is counted in characters, whatever their bytes") {
+    for (const std::string character : {"a", "\xD0\xB6", "\xE9\x9F\xB3", "\xF0\x9F\x8E\xB5"}) {
+        const std::string path = "C:\\" + repeated(character, 60);
+        Request exact(64); // with its nul
+        world.dialogs.pickFiles({path});
+        CHECK(platform::GetOpenFileNameA(&exact.record));
+        CHECK(exact.buffer == padded(path, 256));
+        Request small(63);
+        world.dialogs.pickFiles({path});
+        CHECK_FALSE(platform::GetOpenFileNameA(&small.record));
+        CHECK(small.buffer == std::string(252, '\0'));
+    }
+}
+
 TEST_CASE("a cancelled dialog leaves the buffer alone, and what it was asked is on record") {
     Request request(64);
     CHECK_FALSE(platform::GetOpenFileNameA(&request.record));
-    CHECK(request.buffer == std::string(64, '\0'));
+    CHECK(request.buffer == std::string(256, '\0'));
     REQUIRE(world.dialogs.opened.size() == 1);
     const Dialogs::OpenDialog& asked = world.dialogs.opened[0];
     CHECK(asked.title == "Pick");
@@ -148,7 +169,7 @@ TEST_CASE("the folder dialog gives an item whose path can be asked for") {
     world.dialogs.pickFolder("C:\\Music");
     const std::int32_t item = platform::SHBrowseForFolder(&record);
     REQUIRE(item != 0);
-    char path[260] = {};
+    char path[1040] = {};
     CHECK(platform::SHGetPathFromIDList(item, path));
     CHECK(std::string(path) == "C:\\Music");
     CHECK(platform::SHBrowseForFolder(&record) == 0);
@@ -156,14 +177,33 @@ TEST_CASE("the folder dialog gives an item whose path can be asked for") {
     CHECK(world.dialogs.foldersOpened[0].title == "Browse");
 }
 
+TEST_CASE("a folder of 259 characters has a path, a longer one is refused with a message") {
+    for (const std::string character : {"a", "\xD0\xB6", "\xE9\x9F\xB3", "\xF0\x9F\x8E\xB5"}) {
+        platform::BROWSEINFO record;
+        record.lpszTitle = "Browse";
+        const std::string longest = "C:\\" + repeated(character, 256);
+        world.dialogs.pickFolder(longest);
+        std::string path(1040, ' ');
+        CHECK(platform::SHGetPathFromIDList(platform::SHBrowseForFolder(&record), path.data()));
+        CHECK(path.c_str() == longest);
+        world.messages.shown.clear();
+        world.dialogs.pickFolder(longest + "x");
+        CHECK(platform::SHBrowseForFolder(&record) == 0);
+        REQUIRE(world.messages.shown.size() == 1);
+        CHECK(world.messages.shown[0].text ==
+              "The path of this folder is too long:\n" + longest + "x");
+        CHECK(world.messages.shown[0].title == "Browse");
+    }
+}
+
 TEST_CASE("an item without a path leaves the buffer alone") {
     platform::BROWSEINFO record;
     world.dialogs.pickFolder("");
     const std::int32_t item = platform::SHBrowseForFolder(&record);
     REQUIRE(item != 0);
-    std::string path(260, ' ');
+    std::string path(1040, ' ');
     CHECK_FALSE(platform::SHGetPathFromIDList(item, path.data()));
-    CHECK(path == std::string(260, ' '));
+    CHECK(path == std::string(1040, ' '));
 }
 
 TEST_CASE("a dialog keeps its owner from the user, and no other window") {

@@ -39,6 +39,12 @@ std::string makeFolder(const std::string& name) {
     return path;
 }
 
+std::string makeHiddenFolder(const std::string& name) {
+    std::string path = scratchFolder() + '\\' + name;
+    simulated::world.files.addHiddenFolder(path);
+    return path;
+}
+
 std::string makeWave(const std::string& name, int milliseconds) {
     std::string path = scratchFolder() + '\\' + name;
     simulated::world.media.addFile(path, milliseconds);
@@ -74,6 +80,12 @@ platform::Rect outerArea(platform::WindowHandle window) {
     return {corner.x, corner.y, corner.x + shown.size.width,
             corner.y + shown.size.height + (titled ? simulated::TitleBarHeight : 0)};
 }
+
+bool isShown(platform::WindowHandle window) { return simulated::window(window).visible; }
+
+void minimise(platform::WindowHandle window) { simulated::minimiseByWindowManager(window); }
+
+bool isMinimised(platform::WindowHandle window) { return simulated::window(window).minimised; }
 
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
     return simulated::inShape(window, x, y);

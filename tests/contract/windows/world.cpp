@@ -81,6 +81,12 @@ std::string makeFolder(const std::string& name) {
     return path.string();
 }
 
+std::string makeHiddenFolder(const std::string& name) {
+    std::string path = makeFolder(name);
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_HIDDEN);
+    return path;
+}
+
 std::string makeWave(const std::string& name, int milliseconds) {
     return makeFile(name, toneFile(static_cast<std::uint32_t>(milliseconds)));
 }
@@ -125,6 +131,18 @@ platform::Rect outerArea(platform::WindowHandle window) {
     RECT area = {};
     GetWindowRect(platform::windowOf(window), &area);
     return {area.left, area.top, area.right, area.bottom};
+}
+
+bool isShown(platform::WindowHandle window) {
+    return IsWindowVisible(platform::windowOf(window)) != FALSE;
+}
+
+void minimise(platform::WindowHandle window) {
+    ShowWindow(platform::windowOf(window), SW_MINIMIZE);
+}
+
+bool isMinimised(platform::WindowHandle window) {
+    return IsIconic(platform::windowOf(window)) != FALSE;
 }
 
 bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
