@@ -33,10 +33,11 @@ struct FolderListing {
     std::vector<std::string> names;
 };
 
-/// The immediate sub-folders of a folder as full paths, sorted without regard to case, hidden ones
-/// too. A link to a folder counts as one, unless it leads back to a folder that `folder` itself
-/// goes through: so a walk into every folder listed always ends. Error 76 for a folder that isn't
-/// there, 75 for one that may not be entered.
+/// The immediate sub-folders of a folder as full paths, in any order, without those that the
+/// desktop hides (a leading dot; on Windows the hidden or the system attribute). A link to a folder
+/// counts as one, unless it leads back to a folder that `folder` itself goes through: so a walk
+/// into every folder listed always ends. Error 76 for a folder that isn't there, 75 for one that
+/// may not be entered.
 FolderListing listFolders(const std::string& folder);
 
 /// What a folder is known by whatever path leads to it, links included: two paths with the same
