@@ -80,6 +80,10 @@ void destroyWindow(WindowHandle window);
 /// Shows a window without blocking, or hides it.
 void showWindow(WindowHandle window, bool visible);
 
+/// Takes a window out of an icon state, a maximised state and the desktop's "show desktop", without
+/// showing a hidden one. False if the system refuses.
+bool setNormalState(WindowHandle window);
+
 /// Shows a window, keeps the user from the other windows that there are, and runs events until it
 /// is hidden or destroyed. Dialogs and menus that come up meanwhile and the tray icon stay within
 /// reach. The others take input again from then on, even if such a dialog keeps the call from
@@ -88,6 +92,9 @@ void showWindowModal(WindowHandle window);
 
 /// Has `paint` called, once, before the event loop next waits.
 void requestPaint(WindowHandle window);
+
+/// Has what the window shows on the screen before the call returns, without letting any event run.
+void paintNow(WindowHandle window);
 
 /// Puts a push button in a window, on top of its picture and for as long as the window lasts. It
 /// has the keyboard while its window has. `clicked` runs from the event loop and may end the
