@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 /// What the process and the desktop tell about themselves. Interface thread only.
 namespace platform {
@@ -25,6 +26,10 @@ std::string applicationFolder();
 
 /// The decimal sign of the user's locale, "." or ",".
 char decimalSign();
+
+/// Orders two texts as the user's language does, case ignored: below 0, 0 or above 0. Texts that
+/// differ in no other way than case are equal.
+std::int32_t compareInUsersLanguage(std::string_view first, std::string_view second);
 
 /// Twips in one pixel; 15 on a standard display.
 float twipsPerPixelX();

@@ -17,9 +17,11 @@ struct OPENFILENAME {
     char* lpstrCustomFilter = nullptr;
     std::uint32_t nMaxCustFilter = 0;
     std::uint32_t nFilterIndex = 0;
-    char* lpstrFile = nullptr; ///< receives the selection: `nMaxFile` characters
+    char* lpstrFile =
+        nullptr; ///< receives the selection: `nMaxFile` characters of up to four bytes
     std::uint32_t nMaxFile = 0;
-    char* lpstrFileTitle = nullptr; ///< receives the bare name: `nMaxFileTitle` characters
+    char* lpstrFileTitle =
+        nullptr; ///< receives the bare name: `nMaxFileTitle` characters, likewise
     std::uint32_t nMaxFileTitle = 0;
     const char* lpstrInitialDir = nullptr;
     const char* lpstrTitle = nullptr;
@@ -36,8 +38,8 @@ inline constexpr std::uint32_t OFN_ALLOWMULTISELECT = 512;
 inline constexpr std::uint32_t OFN_EXPLORER = 524288;
 
 /// Runs the modal open dialog; events and ticks go on. True when a selection was confirmed and
-/// fits the buffer. One file: its path and a nul. Several: the folder, a nul, then each bare name
-/// and a nul, then one more nul.
+/// fits the buffer, its nuls included. One file: its path and a nul. Several: the folder, a nul,
+/// then each bare name and a nul, then one more nul. What lies behind the last nul stays as it was.
 bool GetOpenFileNameA(OPENFILENAME* record);
 
 /// The folder dialog's record. Members keep the system's order.
@@ -53,9 +55,12 @@ struct BROWSEINFO {
 };
 
 /// Runs the modal folder dialog, which disables its owner only. The chosen item, or 0 on cancel.
+/// A folder whose path is longer than 259 characters is refused with a message, and counts as a
+/// cancel.
 std::int32_t SHBrowseForFolder(BROWSEINFO* record);
 
-/// Writes the path of a chosen item, ended by a nul, into a buffer of 260 characters.
+/// Writes the path of a chosen item, ended by a nul, into a buffer of 260 characters of up to four
+/// bytes.
 bool SHGetPathFromIDList(std::int32_t item, char* path);
 
 /// The tray icon's record. Members keep the system's order.
