@@ -29,6 +29,8 @@ std::wstring_view tailOf(std::wstring_view line) {
 } // namespace
 
 bool start(int /*argumentCount*/, char** /*arguments*/) {
+    // No library is looked for in the current folder, which may be anyone's.
+    SetDllDirectoryW(L"");
     const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_STANDARD_CLASSES | ICC_TAB_CLASSES};
     InitCommonControlsEx(&controls);
     // The shell's dialogs are made of objects.
@@ -59,6 +61,15 @@ char decimalSign() {
     wchar_t sign[4] = {};
     GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, sign, 4);
     return sign[0] == L',' ? ',' : '.';
+}
+
+std::int32_t compareInUsersLanguage(std::string_view first, std::string_view second) {
+    const std::wstring left = toWide(first);
+    const std::wstring right = toWide(second);
+    const int order = CompareStringEx(LOCALE_NAME_USER_DEFAULT, NORM_IGNORECASE, left.c_str(),
+                                      static_cast<int>(left.size()), right.c_str(),
+                                      static_cast<int>(right.size()), nullptr, nullptr, 0);
+    return order == 0 ? 0 : order - CSTR_EQUAL;
 }
 
 float twipsPerPixelX() { return twipsPerPixel(LOGPIXELSX); }

@@ -2,7 +2,7 @@
 
 #include "platform/windows/error_numbers.h"
 #include "platform/windows/open_handle.h"
-#include "platform/windows/utf16.h"
+#include "platform/windows/paths.h"
 #include "runtime/errors.h"
 
 #include <algorithm>
@@ -52,36 +52,55 @@ int writeWhole(const std::wstring& path, const std::string& text) {
     return FlushFileBuffers(file.get()) == FALSE ? lastError() : 0;
 }
 
-std::wstring folderOf(const std::wstring& path) {
-    const std::size_t separator = path.rfind(L'\\');
-    return separator == std::wstring::npos ? L"." : path.substr(0, separator + 1);
+/// Where an old file lies while the new one takes its name.
+std::wstring oldNameOf(const std::wstring& path) { return path + L".old"; }
+
+bool isFile(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-/// In the folder of the file to be replaced, as only within a volume a move is one step.
-std::wstring makeNewFile(const std::wstring& path) {
-    std::array<wchar_t, MAX_PATH> name = {};
-    if (GetTempFileNameW(folderOf(path).c_str(), L"orv", 0, name.data()) == 0) return {};
-    return name.data();
+/// Gives a new file the name of the old one, and what that had besides its contents, such as its
+/// rights. The system takes two steps for it; between them only the second name leads to the old
+/// file, where `openToRead` finds it.
+bool putInPlace(const std::wstring& fresh, const std::wstring& path) {
+    const std::wstring old = oldNameOf(path);
+    const bool done = (isFile(path) &&
+                       ReplaceFileW(path.c_str(), fresh.c_str(), old.c_str(),
+                                    REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != FALSE) ||
+                      // There is no old file, or its file system knows no such step.
+                      MoveFileExW(fresh.c_str(), path.c_str(),
+                                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+    if (done) DeleteFileW(old.c_str());
+    return done;
+}
+
+HANDLE openToRead(const std::wstring& path) {
+    const auto open = [&] {
+        return CreateFileW(path.c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING,
+                           FILE_ATTRIBUTE_NORMAL, nullptr);
+    };
+    const HANDLE file = open();
+    if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_NOT_FOUND) return file;
+    MoveFileW(oldNameOf(path).c_str(), path.c_str());
+    return open();
 }
 
 } // namespace
 
 FileContents readFile(const std::string& path, std::size_t limit) {
-    const OpenHandle file(CreateFileW(toWide(path).c_str(), GENERIC_READ, shareAll, nullptr,
-                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const OpenHandle file(openToRead(toSystem(path)));
     if (!file.isOpen()) return {lastError(), {}};
     if (GetFileType(file.get()) != FILE_TYPE_DISK) return {runtime::PathFileAccess, {}};
     return readAll(file.get(), limit);
 }
 
 int replaceFile(const std::string& path, const std::string& text) {
-    const std::wstring target = toWide(path);
-    const std::wstring fresh = makeNewFile(target);
-    if (fresh.empty()) return lastError();
+    const std::wstring target = toSystem(path);
+    // In the same folder, as only within a volume a file can be given another's name in one step.
+    const std::wstring fresh = target + L".new";
     int error = writeWhole(fresh, withSystemLineEnds(text));
-    if (error == 0 && MoveFileExW(fresh.c_str(), target.c_str(),
-                                  MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == FALSE)
-        error = lastError();
+    if (error == 0 && !putInPlace(fresh, target)) error = lastError();
     if (error != 0) DeleteFileW(fresh.c_str());
     return error;
 }
@@ -89,7 +108,7 @@ int replaceFile(const std::string& path, const std::string& text) {
 std::string pathForPeople(const std::string& path) { return path; }
 
 int deleteFile(const std::string& path) {
-    if (DeleteFileW(toWide(path).c_str()) != FALSE) return 0;
+    if (DeleteFileW(toSystem(path).c_str()) != FALSE) return 0;
     const int error = lastError();
     return error == runtime::PathNotFound ? int{runtime::FileNotFound} : error;
 }

@@ -1,31 +1,33 @@
 #include "platform/files.h"
 #include "platform/windows/error_numbers.h"
+#include "platform/windows/folder_identity.h"
 #include "platform/windows/open_handle.h"
+#include "platform/windows/paths.h"
 #include "platform/windows/utf16.h"
 
 #include <algorithm>
-#include <optional>
-#include <tuple>
-
 namespace platform {
 namespace {
 
-/// What tells a folder from every other: its volume, and its number there.
-using FolderIdentity = std::tuple<DWORD, DWORD, DWORD>;
+OpenHandle openFolder(const std::wstring& path) {
+    return OpenHandle(CreateFileW(path.c_str(), 0,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
 
-std::optional<FolderIdentity> identityOf(const std::wstring& path) {
-    const OpenHandle folder(
-        CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+/// Empty for a folder that isn't there.
+std::wstring identityOf(const std::wstring& path) {
+    const OpenHandle folder = openFolder(withinReach(path));
     BY_HANDLE_FILE_INFORMATION about = {};
     if (!folder.isOpen() || GetFileInformationByHandle(folder.get(), &about) == FALSE) return {};
-    // File systems that number nothing, such as some shared folders, give all of them this number.
-    if (about.nFileIndexHigh == 0 && about.nFileIndexLow == 0) return {};
-    return FolderIdentity(about.dwVolumeSerialNumber, about.nFileIndexHigh, about.nFileIndexLow);
+    constexpr DWORD longest = 32768;
+    std::wstring place(longest, L'\0');
+    place.resize(GetFinalPathNameByHandleW(folder.get(), place.data(), longest, 0));
+    return identityFrom(about, place);
 }
 
 /// Whether one of the folders that a path leads through, its last included, is `sought`.
-bool leadsThrough(const std::wstring& path, const FolderIdentity& sought) {
+bool leadsThrough(const std::wstring& path, const std::wstring& sought) {
     std::size_t end = 0;
     while (end != std::wstring::npos) {
         end = path.find(L'\\', end + 1);
@@ -35,19 +37,21 @@ bool leadsThrough(const std::wstring& path, const FolderIdentity& sought) {
     return false;
 }
 
+/// What the desktop doesn't show, such as the system's own folders at the root of a drive.
+constexpr DWORD hidden = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+
 bool isSubFolder(const std::wstring& folder, const WIN32_FIND_DATAW& entry) {
     const std::wstring name = entry.cFileName;
     if (name == L"." || name == L"..") return false;
     if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return false;
+    if ((entry.dwFileAttributes & hidden) != 0) return false;
     if ((entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return true;
-    const auto target = identityOf(folder + L'\\' + name);
-    return target.has_value() && !leadsThrough(folder, *target);
+    const std::wstring target = identityOf(folder + L'\\' + name);
+    return !target.empty() && !leadsThrough(folder, target);
 }
 
 bool isOrdinaryFile(const WIN32_FIND_DATAW& entry) {
-    constexpr DWORD others =
-        FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
-    return (entry.dwFileAttributes & others) == 0;
+    return (entry.dwFileAttributes & (FILE_ATTRIBUTE_DIRECTORY | hidden)) == 0;
 }
 
 char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -67,8 +71,8 @@ struct Names {
 template <class Wanted>
 Names list(const std::wstring& folder, const Wanted& wanted) {
     WIN32_FIND_DATAW entry = {};
-    const HANDLE search = FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &entry,
-                                           FindExSearchNameMatch, nullptr, 0);
+    const HANDLE search = FindFirstFileExW(withinReach(folder + L"\\*").c_str(), FindExInfoBasic,
+                                           &entry, FindExSearchNameMatch, nullptr, 0);
     if (search == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
         return {error == ERROR_FILE_NOT_FOUND ? 0 : errorNumberOf(error), {}};
@@ -108,10 +112,7 @@ FolderListing listFolders(const std::string& folder) {
 }
 
 std::string folderIdentity(const std::string& folder) {
-    const auto identity = identityOf(withoutSeparator(toWide(folder)) + L'\\');
-    if (!identity) return {};
-    const auto& [volume, high, low] = *identity;
-    return std::to_string(volume) + ':' + std::to_string(high) + ':' + std::to_string(low);
+    return fromWide(identityOf(withoutSeparator(toWide(folder)) + L'\\'));
 }
 
 FolderListing listFiles(const std::string& folder, const std::string& extension) {

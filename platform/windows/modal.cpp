@@ -1,6 +1,7 @@
 #include "platform/windows/disabled.h"
 #include "platform/windows/dispatch.h"
 #include "platform/windows/handles.h"
+#include "platform/windows/system_dialog.h"
 #include "platform/windows/utf16.h"
 #include "platform/windows/window_table.h"
 
@@ -52,7 +53,11 @@ void showWindowModal(WindowHandle window) {
     const KeyboardReturned keyboard;
     std::vector<WindowRecord> others = windowTable();
     std::erase(others, record);
+    // The system keeps a window above its owner, and gives the owner the keyboard at its end.
+    if (const HWND owner = ownerOfDialogs(); owner != record->window)
+        SetWindowLongPtrW(record->window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
     record->othersDisabled = std::make_shared<Disabled>(std::move(others));
+    record->othersDisabled->inFavourOf(record->window);
     showWindow(window, true);
     runWhileVisible(windowOf(window));
     record->othersDisabled.reset();
@@ -73,9 +78,11 @@ std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items) 
 
 void messageBox(const std::string& text, const std::string& title, MessageIcon icon) {
     const KeyboardReturned keyboard;
-    const Disabled all(windowTable());
+    const HWND owner = ownerOfDialogs();
+    Disabled all(windowTable());
+    const SystemDialog dialog(all);
     const UINT look = icon == MessageIcon::Critical ? MB_ICONERROR : 0;
-    MessageBoxW(nullptr, toWide(text).c_str(), toWide(title).c_str(),
+    MessageBoxW(owner, toWide(text).c_str(), toWide(title).c_str(),
                 MB_OK | MB_SETFOREGROUND | look);
 }
 

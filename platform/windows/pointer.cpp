@@ -1,5 +1,7 @@
 #include "platform/windows/pointer.h"
 
+#include <utility>
+
 namespace platform {
 namespace {
 
@@ -51,34 +53,63 @@ void askForLeave(WindowState& state) {
     state.pointerInside = TrackMouseEvent(&request) != FALSE;
 }
 
-void tellMove(WindowState& state, WPARAM keys, LPARAM place) {
-    askForLeave(state);
-    state.tooltip.pointerMoved();
-    tell(state, eventOf(PointerAction::Move, placeOf(place), keys));
+Point pointerIn(const WindowState& state) {
+    POINT place = {};
+    ::GetCursorPos(&place);
+    ScreenToClient(state.window, &place);
+    return {place.x, place.y};
 }
 
 void tellLeave(WindowState& state) {
     state.pointerInside = false;
-    POINT place = {};
-    ::GetCursorPos(&place);
-    ScreenToClient(state.window, &place);
-    tell(state, eventOf(PointerAction::Leave, {place.x, place.y}, 0));
+    tell(state, eventOf(PointerAction::Leave, pointerIn(state), 0));
 }
 
 /// The pointer belongs to the window from the first press to the last release.
-void holdPointer(const WindowState& state, bool hold) {
-    if (hold)
+void holdPointer(WindowState& state, const PointerEvent& event) {
+    if (event.buttonsHeld) {
+        if (state.held == PointerButton::None) state.held = event.button;
         SetCapture(state.window);
-    else if (GetCapture() == state.window)
-        ReleaseCapture();
+        return;
+    }
+    state.held = PointerButton::None; // first, as the system tells of what follows too
+    if (GetCapture() == state.window) ReleaseCapture();
 }
 
 void tellButton(WindowState& state, const ButtonMessage& kind, WPARAM keys, LPARAM place) {
+    // A release whose press was another window's, or has been ended already.
+    if (kind.action == PointerAction::Release && state.held == PointerButton::None) return;
     PointerEvent event = eventOf(kind.action, placeOf(place), keys);
     event.button = kind.button;
     event.secondPress = kind.secondPress;
-    holdPointer(state, event.buttonsHeld);
+    holdPointer(state, event);
     tell(state, event);
+}
+
+/// The window asks itself to end a press, so that this runs from the event loop.
+constexpr UINT holdLost = WM_APP + 1;
+
+/// A press whose release goes elsewhere, as the pointer was taken away, ends as if released here.
+void endHold(WindowState& state) {
+    if (state.held == PointerButton::None || GetCapture() == state.window) return;
+    PointerEvent event = eventOf(PointerAction::Release, pointerIn(state), 0);
+    event.button = std::exchange(state.held, PointerButton::None);
+    tell(state, event);
+}
+
+void tellMove(WindowState& state, WPARAM keys, LPARAM place) {
+    askForLeave(state);
+    state.tooltip.pointerMoved();
+    if ((keys & anyButton) == 0 && state.held != PointerButton::None) {
+        // The release was swallowed without a word.
+        ReleaseCapture();
+        endHold(state);
+    }
+    tell(state, eventOf(PointerAction::Move, placeOf(place), keys));
+}
+
+void askForEnd(const WindowState& state) {
+    if (state.held != PointerButton::None) PostMessageW(state.window, holdLost, 0, 0);
 }
 
 /// The rows that a notch stands for, as the user has set it up.
@@ -111,6 +142,13 @@ bool tellPointer(WindowState& state, UINT message, WPARAM first, LPARAM second) 
         return true;
     case WM_MOUSELEAVE:
         tellLeave(state);
+        return true;
+    case WM_CAPTURECHANGED:
+    case WM_CANCELMODE:
+        askForEnd(state);
+        return false;
+    case holdLost:
+        endHold(state);
         return true;
     case WM_MOUSEWHEEL:
         tellWheel(state, first, second);

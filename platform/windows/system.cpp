@@ -28,10 +28,6 @@ bool MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_
 
 void Sleep(std::uint32_t milliseconds) { ::Sleep(milliseconds); }
 
-std::uint32_t GetShortPathNameA(const char* path, char* buffer, std::uint32_t size) {
-    return ::GetShortPathNameA(path, buffer, size);
-}
-
 std::uint32_t GetSysColor(std::int32_t index) { return ::GetSysColor(index); }
 
 char* lstrcatA(char* target, const char* text) { return ::lstrcatA(target, text); }

@@ -1,5 +1,6 @@
 #include "platform/window.h"
 
+#include "platform/windows/disabled.h"
 #include "platform/windows/handles.h"
 #include "platform/windows/utf16.h"
 #include "platform/windows/window_table.h"
@@ -38,9 +39,28 @@ void registerClass() {
     static_cast<void>(registered);
 }
 
+/// An icon, or as large as the screen.
+bool isOutOfState(HWND window) { return IsIconic(window) != FALSE || IsZoomed(window) != FALSE; }
+
 void reveal(HWND window) {
-    ShowWindow(window, IsIconic(window) != FALSE ? SW_RESTORE : SW_SHOW);
-    SetForegroundWindow(window);
+    ShowWindow(window, isOutOfState(window) ? SW_SHOWNORMAL : SW_SHOW);
+    bringToFront(window);
+}
+
+/// The first window without a frame has the button in the task bar. The others belong to it: so
+/// they have none, and come to the front together with it.
+HWND ownerOf(Frame frame) {
+    if (frame != Frame::None) return nullptr;
+    for (const WindowRecord& record : windowTable())
+        if (record->frame == Frame::None) return record->window;
+    return nullptr;
+}
+
+/// A window's end would be that of all that belong to it.
+void letGoOfOthers(HWND window) {
+    for (const WindowRecord& record : windowTable())
+        if (GetWindow(record->window, GW_OWNER) == window)
+            SetWindowLongPtrW(record->window, GWLP_HWNDPARENT, 0);
 }
 
 } // namespace
@@ -69,9 +89,10 @@ WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
     const Style style = styleOf(options.frame);
     const Size edges = frameSize(options.frame);
     const Size size = {options.size.width + edges.width, options.size.height + edges.height};
-    const HWND window = CreateWindowExW(
-        style.extended, className, toWide(options.title).c_str(), style.usual, options.position.x,
-        options.position.y, size.width, size.height, nullptr, nullptr, program(), nullptr);
+    const HWND window =
+        CreateWindowExW(style.extended, className, toWide(options.title).c_str(), style.usual,
+                        options.position.x, options.position.y, size.width, size.height,
+                        ownerOf(options.frame), nullptr, program(), nullptr);
     const auto record = std::make_shared<WindowState>();
     record->window = window;
     record->frame = options.frame;
@@ -85,6 +106,7 @@ void destroyWindow(WindowHandle window) {
     // Out of the table first: nothing that its end brings about is told any more.
     std::erase_if(windowTable(),
                   [&](const WindowRecord& record) { return record->window == windowOf(window); });
+    letGoOfOthers(windowOf(window));
     DestroyWindow(windowOf(window));
 }
 
@@ -94,7 +116,21 @@ void showWindow(WindowHandle window, bool visible) {
     ShowWindow(windowOf(window), SW_HIDE);
 }
 
+bool setNormalState(WindowHandle window) {
+    const HWND handle = windowOf(window);
+    if (IsWindow(handle) == FALSE) return false;
+    // What is hidden comes out of it when it is shown.
+    if (IsWindowVisible(handle) == FALSE) return true;
+    if (isOutOfState(handle)) ShowWindow(handle, SW_SHOWNORMAL);
+    return !isOutOfState(handle);
+}
+
 void requestPaint(WindowHandle window) { InvalidateRect(windowOf(window), nullptr, FALSE); }
+
+void paintNow(WindowHandle window) {
+    UpdateWindow(windowOf(window));
+    GdiFlush();
+}
 
 void setTooltip(WindowHandle window, const std::string& text) {
     if (const WindowRecord record = findWindow(windowOf(window)))

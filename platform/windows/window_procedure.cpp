@@ -1,3 +1,4 @@
+#include "platform/windows/disabled.h"
 #include "platform/windows/keys.h"
 #include "platform/windows/pointer.h"
 #include "platform/windows/push_button.h"
@@ -47,6 +48,31 @@ void tellSessionEnd(WindowState& state) {
     if (windowTable().front().get() == &state) tellClosing(state);
 }
 
+/// The pointer has no shape over a disabled window, but its presses are told of in this way.
+bool pressedInVain(LPARAM second) {
+    if (static_cast<std::int16_t>(LOWORD(second)) != HTERROR) return false;
+    const UINT cause = HIWORD(second);
+    return cause == WM_LBUTTONDOWN || cause == WM_RBUTTONDOWN || cause == WM_MBUTTONDOWN;
+}
+
+bool pointerShaped(const WindowState& state, WPARAM first, LPARAM second) {
+    if (!pressedInVain(second)) return shapePointer(state, reinterpret_cast<HWND>(first));
+    bringToFront(state.window);
+    return true;
+}
+
+/// What has a close box only is neither an icon nor as large as the screen, whoever asks for it.
+bool refusesState(const WindowState& state, WPARAM command) {
+    constexpr WPARAM commandBits = 0xFFF0U;
+    const WPARAM wish = command & commandBits;
+    return state.frame == Frame::Dialog && (wish == SC_MINIMIZE || wish == SC_MAXIMIZE);
+}
+
+void undoIconState(const WindowState& state, WPARAM size) {
+    if (state.frame == Frame::Dialog && size == SIZE_MINIMIZED)
+        PostMessageW(state.window, WM_SYSCOMMAND, SC_RESTORE, 0);
+}
+
 /// Whether a message has been dealt with.
 bool handled(WindowState& state, UINT message, WPARAM first, LPARAM second) {
     switch (message) {
@@ -65,7 +91,12 @@ bool handled(WindowState& state, UINT message, WPARAM first, LPARAM second) {
         tellClicked(state, reinterpret_cast<HWND>(second));
         return true;
     case WM_SETCURSOR:
-        return shapePointer(state, reinterpret_cast<HWND>(first));
+        return pointerShaped(state, first, second);
+    case WM_SYSCOMMAND:
+        return refusesState(state, first);
+    case WM_SIZE:
+        undoIconState(state, first);
+        return false;
     case WM_SETFOCUS:
         focusButton(state);
         return true;

@@ -29,9 +29,10 @@ struct WindowState {
     WindowEvents events;
     Tooltip tooltip;
     std::vector<ButtonState> buttons;
-    int disabled = 0;                         ///< how many things keep the user from it
+    std::vector<const Disabled*> disabledBy;  ///< what keeps the user from it, the latest last
     std::shared_ptr<Disabled> othersDisabled; ///< while it is modal
     bool pointerInside = false;               ///< its leaving will be told
+    PointerButton held = PointerButton::None; ///< of the press that holds the pointer
     int wheelRemainder = 0;                   ///< parts of a row, as the system counts the wheel
     wchar_t firstHalf = 0;                    ///< of a character that is typed as two
 };
