@@ -9,6 +9,13 @@ target_compile_options(orvan_options INTERFACE
 target_compile_options(orvan_options INTERFACE
     $<$<COMPILE_LANGUAGE:CXX,ASM>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
 
+if(WIN32)
+    # The oldest system that the program runs on; a call that it lacks isn't even declared.
+    set(oldest_windows 0x0601) # Windows 7
+    target_compile_definitions(orvan_options INTERFACE
+        WINVER=${oldest_windows} _WIN32_WINNT=${oldest_windows})
+endif()
+
 if(MINGW)
     # GCC 12 takes some joining of texts for an overlapping copy once all of it is inlined.
     target_compile_options(orvan_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)

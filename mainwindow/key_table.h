@@ -38,6 +38,8 @@ void connect(Window& window, std::span<const KeyRow<Window>> table) {
         up.MouseDown = [&](const auto&) { flip(up, down, row.press, true); };
         up.MouseUp = [&](const auto&) {
             flip(up, down, row.release, false);
+            // The key is seen to spring back, however long its action takes.
+            window.window.Refresh();
             row.action(window);
         };
     }

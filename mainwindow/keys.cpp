@@ -46,6 +46,7 @@ void releasePauseKeys(FrmPlayer& player) {
 
 void FrmPlayer::pctstop_MouseUp() {
     keys::flip(pctstop, pctstopdown, Flip::DownFirst, false);
+    window.Refresh();
     if (engine().Status() == "Paused") releasePauseKeys(*this);
     engine().StopM();
     lblTimenow.Visible(false);

@@ -2,6 +2,11 @@
 
 class FrmPlayer;
 
-/// Brings the hidden main window back. The window has no state but shown or hidden: restoring it is
-/// nothing but showing it. Interface thread.
+/// Bringing the main window back takes two steps: its normal state, then the showing. The player
+/// itself only ever hides it, but a window manager may have put it away. Interface thread.
+
+/// Both steps; the error of the first keeps the second from being taken.
 void restoreWindow(FrmPlayer& player);
+
+/// Both steps, each whatever becomes of the other, with their errors ignored.
+void restoreWindowSilently(FrmPlayer& player);

@@ -53,12 +53,7 @@ void releaseOpenKeys(FrmPlayer& player) {
     player.playlist().pctPlsOpenDown.Visible(false);
 }
 
-void FrmPlayer::gSysTray_LButtonDblClk() {
-    // The way back from the hidden state: a failure here must not end the program.
-    try {
-        restoreWindow(*this);
-    } catch (const runtime::NumberedError&) { // NOLINT(bugprone-empty-catch)
-    }
-}
+/// The way back from the hidden state: a failure here must not end the program.
+void FrmPlayer::gSysTray_LButtonDblClk() { restoreWindowSilently(*this); }
 
 void FrmPlayer::gSysTray_RButtonUP() { toolkit::PopupMenu(window, mnuPopup); }

@@ -19,7 +19,9 @@ bool sortsBefore(const std::string& first, const std::string& second) {
 
 void DirListBox::Path(const std::string& folder) {
     platform::FolderListing listing = platform::listFolders(folder);
-    runtime::raiseIfFailed(listing.error);
+    // The fatal end of a walk tells its user which folder is in the way.
+    if (listing.error != 0)
+        throw runtime::NumberedError{listing.error, platform::pathForPeople(folder)};
     path_ = folder;
     folders_ = std::move(listing.names);
     std::sort(folders_.begin(), folders_.end(), sortsBefore);

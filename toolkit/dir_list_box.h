@@ -11,7 +11,8 @@ namespace toolkit {
 /// of the user's language.
 class DirListBox {
   public:
-    /// Enters a folder; error 76 or 75 for one that can't be entered, and the old list stays.
+    /// Enters a folder; error 76 or 75, with its name, for one that can't be entered, and the old
+    /// list stays.
     void Path(const std::string& folder);
     [[nodiscard]] const std::string& Path() const { return path_; }
 

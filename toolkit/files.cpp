@@ -11,7 +11,8 @@ void Kill(const std::string& path) { runtime::raiseIfFailed(platform::deleteFile
 
 std::vector<std::string> Dir(const std::string& folder, const std::string& extension) {
     platform::FolderListing listing = platform::listFiles(folder, extension);
-    runtime::raiseIfFailed(listing.error);
+    if (listing.error != 0)
+        throw runtime::NumberedError{listing.error, platform::pathForPeople(folder)};
     return std::move(listing.names);
 }
 

@@ -1,6 +1,7 @@
 #include "toolkit/form.h"
 
 #include "platform/system.h"
+#include "runtime/errors.h"
 #include "toolkit/event_loop.h"
 #include "toolkit/guard.h"
 #include "toolkit/screen.h"
@@ -160,6 +161,16 @@ platform::WindowHandle Form::hWnd() {
 std::int32_t Form::Icon() {
     load();
     return platform::applicationIcon();
+}
+
+void Form::WindowState(runtime::Int16 state) {
+    load();
+    if (state != 0 || !platform::setNormalState(window_)) runtime::raise(runtime::InvalidCall);
+}
+
+void Form::Refresh() {
+    load();
+    platform::paintNow(window_);
 }
 
 void Form::Show() {

@@ -47,6 +47,12 @@ class Form {
     /// The program's icon as the shell's calls want it; 0 if there is none.
     [[nodiscard]] std::int32_t Icon();
 
+    /// Takes the window out of any state that the window manager has put it into; 0, the normal
+    /// state, is the only one that there is. A hidden window stays hidden. Error 5 for another
+    /// state, or if the system refuses.
+    void WindowState(runtime::Int16 state);
+    /// Has the window as it now is on the screen before the call returns; no event runs.
+    void Refresh();
     /// Shows the window without waiting for it.
     void Show();
     /// Shows the window, keeps the user from the other windows, and returns when it is hidden or

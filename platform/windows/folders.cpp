@@ -87,11 +87,6 @@ Names list(const std::wstring& folder, const Wanted& wanted) {
     return found;
 }
 
-bool sortsBefore(const std::wstring& first, const std::wstring& second) {
-    const int order = CompareStringOrdinal(first.c_str(), -1, second.c_str(), -1, TRUE);
-    return order == CSTR_EQUAL ? first < second : order == CSTR_LESS_THAN;
-}
-
 std::wstring withoutSeparator(std::wstring folder) {
     if (folder.ends_with(L'\\')) folder.pop_back();
     return folder;
@@ -102,17 +97,12 @@ std::wstring withoutSeparator(std::wstring folder) {
 FolderListing listFolders(const std::string& folder) {
     const std::wstring path = withoutSeparator(toWide(folder));
     const std::wstring start = path + L'\\';
-    Names found =
+    const Names found =
         list(path, [&](const WIN32_FIND_DATAW& entry) { return isSubFolder(path, entry); });
-    std::sort(found.names.begin(), found.names.end(), sortsBefore);
     FolderListing listing = {found.error, {}};
     for (const std::wstring& name : found.names)
         listing.names.push_back(fromWide(start + name));
     return listing;
-}
-
-std::string folderIdentity(const std::string& folder) {
-    return fromWide(identityOf(withoutSeparator(toWide(folder)) + L'\\'));
 }
 
 FolderListing listFiles(const std::string& folder, const std::string& extension) {

@@ -4,6 +4,7 @@
 #include "platform/windows/open_handle.h"
 #include "platform/windows/paths.h"
 #include "platform/windows/utf16.h"
+#include "runtime/characters.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -94,9 +95,10 @@ std::uint32_t GetShortPathNameA(const char* path, char* buffer, std::uint32_t si
     const std::wstring wide = toSystem(path);
     if (GetFileAttributesW(wide.c_str()) == INVALID_FILE_ATTRIBUTES) return 0;
     const std::string name = mediaNameOf(systemNameOf(wide));
-    if (name.size() >= size) return static_cast<std::uint32_t>(name.size() + 1);
+    const auto length = static_cast<std::uint32_t>(runtime::characterCount(name));
+    if (length >= size) return length + 1;
     buffer[name.copy(buffer, name.size())] = '\0';
-    return static_cast<std::uint32_t>(name.size());
+    return length;
 }
 
 } // namespace platform

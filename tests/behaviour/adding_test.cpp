@@ -441,7 +441,7 @@ TEST_CASE("a folder that can't be entered is the fatal end, and nothing of the w
     world.files.addFile(A);
     world.dialogs.pickFolder("C:\\Music", [] { world.files.nextListError = 75; });
     CHECK(fatalMessageOf([&] { player.frmPlayer().opendir(); }) ==
-          "Run-time error 75: Path/File access error");
+          "Run-time error 75: Path/File access error\nC:\\Music");
     CHECK(player.frmPlayer().trackCount == 0);
 }
 
@@ -450,7 +450,7 @@ TEST_CASE("a folder that is gone is the fatal end") {
     player.start();
     world.dialogs.pickFolder("C:\\Gone");
     CHECK(fatalMessageOf([&] { player.frmPlayer().opendir(); }) ==
-          "Run-time error 76: Path not found");
+          "Run-time error 76: Path not found\nC:\\Gone");
 }
 
 TEST_CASE("no tick runs while a folder is walked") {

@@ -81,6 +81,60 @@ TEST_CASE("a press shows a key sunk, its release springs it back, and only then 
     }
 }
 
+TEST_CASE("a released key is on the screen at rest before its action begins") {
+    struct Row {
+        const char* key;
+        toolkit::Image FrmPlayer::*player;
+        toolkit::Image FrmPlaylist::*playlist;
+    };
+    const Row rows[] = {
+        {"previous", &FrmPlayer::pctprev, &FrmPlaylist::pctPlsPrev},
+        {"next", &FrmPlayer::pctnext, &FrmPlaylist::pctPlsNext},
+        {"stop", &FrmPlayer::pctstop, &FrmPlaylist::pctPlsStop},
+        {"play", &FrmPlayer::pctPlay, &FrmPlaylist::pctPlsPlay},
+    };
+    const auto logOfRelease = [](Player& player, toolkit::Image& key) {
+        player.press(key);
+        simulated::paintWaiting();
+        simulated::clearLog();
+        simulated::release();
+        return simulated::log();
+    };
+    for (const Row& row : rows) {
+        for (const bool fromPlaylist : {false, true}) {
+            CAPTURE(row.key);
+            CAPTURE(fromPlaylist);
+            Player player;
+            player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+            player.frmPlaylist().window.Show();
+            toolkit::Image& key =
+                fromPlaylist ? player.frmPlaylist().*row.playlist : player.frmPlayer().*row.player;
+            const auto window = fromPlaylist ? player.playlistWindow() : player.mainWindow();
+            const auto log = logOfRelease(player, key);
+            REQUIRE(log.size() > 1);
+            CHECK(log[0] == "paint window " + std::to_string(window));
+            CHECK(log[1].starts_with("send "));
+        }
+    }
+}
+
+TEST_CASE("a title key is on the screen at rest before its window goes") {
+    Player player;
+    player.start();
+    const auto painted = [&](toolkit::Image& key, platform::WindowHandle window) {
+        player.press(key);
+        simulated::paintWaiting();
+        simulated::clearLog();
+        simulated::release();
+        return simulated::log().front() == "paint window " + std::to_string(window);
+    };
+    player.frmPlaylist().window.Show();
+    CHECK(painted(player.frmPlaylist().pctPlaylistMini, player.playlistWindow()));
+    player.frmPlaylist().window.Show();
+    CHECK(painted(player.frmPlaylist().pctPlaylistQuit, player.playlistWindow()));
+    CHECK(painted(player.frmPlayer().pctminimise, player.mainWindow()));
+}
+
 TEST_CASE("a key released far outside the window acts all the same") {
     for (const Key& key : keys) {
         CAPTURE(key.name);

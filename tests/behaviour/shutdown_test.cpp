@@ -22,7 +22,8 @@ Commands logOf(const std::function<void()>& deed) {
     deed();
     Commands kept;
     for (const std::string& line : simulated::log())
-        if (!line.starts_with("hide") && !line.starts_with("show")) kept.push_back(line);
+        if (!line.starts_with("hide") && !line.starts_with("show") && !line.starts_with("paint"))
+            kept.push_back(line);
     return kept;
 }
 

@@ -195,6 +195,38 @@ TEST_CASE("icon and tip stay the same whatever plays") {
     CHECK(std::string(world.tray.icon->szTip) == "Orvan Music Player");
 }
 
+TEST_CASE("the window is brought back in two steps, its normal state and the showing") {
+    for (const bool byMenu : {false, true}) {
+        CAPTURE(byMenu);
+        Player player;
+        player.start();
+        FrmPlayer& form = player.frmPlayer();
+        form.window.Hide();
+        simulated::clearLog();
+        if (byMenu)
+            form.mnuPopup.entries.at(0).Click();
+        else
+            form.gSysTray_LButtonDblClk();
+        const std::string window = " window " + std::to_string(player.mainWindow());
+        REQUIRE(simulated::log().size() >= 2);
+        CHECK(simulated::log()[0] == "normal state of" + window);
+        CHECK(simulated::log()[1] == "show" + window);
+    }
+}
+
+TEST_CASE("a window that refuses its normal state is shown by the double click all the same") {
+    Player player;
+    player.start();
+    player.frmPlayer().window.Hide();
+    world.windows.refuseNormalState = true;
+    CHECK_NOTHROW(player.frmPlayer().gSysTray_LButtonDblClk());
+    CHECK(player.frmPlayer().window.Visible());
+    player.frmPlayer().window.Hide();
+    const auto& maximized = player.frmPlayer().mnuPopup.entries.at(0);
+    CHECK(behaviour::fatalMessageOf([&] { maximized.Click(); }) ==
+          "Run-time error 5: Invalid procedure call or argument");
+}
+
 TEST_CASE("a failing double click is ignored, the same failure by the menu is the fatal end") {
     Player player;
     player.start();
