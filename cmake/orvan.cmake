@@ -49,3 +49,14 @@ function(orvan_link_platform target platform)
     target_link_libraries(${target} PRIVATE
         "$<LINK_GROUP:RESCAN,orvan_product,orvan_toolkit,${platform}>")
 endfunction()
+
+# orvan_resources(TARGET): gives a program for Windows the player's icon, version record and
+# manifest.
+function(orvan_resources target)
+    set(resources ${PROJECT_SOURCE_DIR}/packaging/windows)
+    target_sources(${target} PRIVATE ${resources}/orvan.rc)
+    set_source_files_properties(${resources}/orvan.rc PROPERTIES
+        INCLUDE_DIRECTORIES "${PROJECT_BINARY_DIR}/assets/packed"
+        OBJECT_DEPENDS "${resources}/orvan.manifest;${ORVAN_PACKED_ICON}")
+    add_dependencies(${target} orvan_packed_icon)
+endfunction()

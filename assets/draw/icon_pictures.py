@@ -50,4 +50,5 @@ def main():
         (folder / f"{image.width}x{image.height}.png").write_bytes(png(image))
 
 
-main()
+if __name__ == "__main__":
+    main()

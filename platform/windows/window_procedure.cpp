@@ -1,3 +1,4 @@
+#include "platform/events.h"
 #include "platform/windows/disabled.h"
 #include "platform/windows/keys.h"
 #include "platform/windows/pointer.h"
@@ -43,9 +44,12 @@ void tellClosing(WindowState& state) {
     if (state.events.closing) state.events.closing();
 }
 
-/// The session's end comes to every window; the player is told of it once.
-void tellSessionEnd(WindowState& state) {
-    if (windowTable().front().get() == &state) tellClosing(state);
+/// The session's end comes to every window, and as soon as all have answered the process may be
+/// killed: so the player closes with the first of them, and the process ends with that.
+[[noreturn]] void endWithSession() {
+    const WindowRecord player = windowTable().front(); // the call may destroy it
+    tellClosing(*player);
+    endProcess(0);
 }
 
 /// The pointer has no shape over a disabled window, but its presses are told of in this way.
@@ -101,7 +105,7 @@ bool handled(WindowState& state, UINT message, WPARAM first, LPARAM second) {
         focusButton(state);
         return true;
     case WM_ENDSESSION:
-        if (first != FALSE) tellSessionEnd(state);
+        if (first != FALSE) endWithSession();
         return true;
     default:
         return tellPointer(state, message, first, second) || tellKey(state, message, first);

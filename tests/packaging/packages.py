@@ -5,8 +5,10 @@ packages.py --list          the scenarios' names, a line each
 packages.py DIST SENTENCE   runs one
 """
 
+import hashlib
 import os
 import pathlib
+import re
 import struct
 import subprocess
 import sys
@@ -22,6 +24,8 @@ from world import World, check  # noqa: E402
 
 README = "Readme.txt"
 PROGRAM = "Orvan.exe"
+LICENCE = "MinGW-w64.txt"
+SUMS = "SHA256SUMS"
 
 
 def zip_of(world, word):
@@ -35,25 +39,51 @@ def windows_programs(world):
             yield word, packed.read(PROGRAM)
 
 
-@scenario("each zip holds the program, the readme and nothing else")
+@scenario("each zip holds the program, the readme, the runtime's licence and nothing else")
 def zips_are_complete(world):
     for word in programs.MACHINES:
         with zip_of(world, word) as packed:
             check(packed.testzip() is None, f"the zip {word} is damaged")
             names = packed.namelist()
-            check(names == [PROGRAM, README], f"the zip {word} holds {names}")
+            check(names == [LICENCE, PROGRAM, README], f"the zip {word} holds {names}")
             built = (ROOT / "build" / f"windows-{word}" / PROGRAM).read_bytes()
             check(packed.read(PROGRAM) == built, f"the program {word} is not the one that was built")
 
 
-@scenario("the readme's lines end as Windows ends them")
-def readme_lines(world):
+@scenario("the lines of the zips' texts end as Windows ends them, and the readme is plain ASCII")
+def text_lines(world):
     for word in programs.MACHINES:
         with zip_of(world, word) as packed:
-            text = packed.read(README)
-        check(text.count(b"\n") > 10, "there is hardly a line in it")
-        check(text.count(b"\r\n") == text.count(b"\n") == text.count(b"\r"), "bare line ends")
-        text.decode("ascii")
+            for name in (README, LICENCE):
+                text = packed.read(name)
+                check(text.count(b"\n") > 10, f"there is hardly a line in {name}")
+                check(text.count(b"\r\n") == text.count(b"\n") == text.count(b"\r"),
+                      f"{name}: bare line ends")
+            packed.read(README).decode("ascii")
+
+
+@scenario("each zip's licence is that of the runtime that is linked into its program")
+def licences(world):
+    for word, runtime in programs.RUNTIMES.items():
+        with zip_of(world, word) as packed:
+            text = packed.read(LICENCE).decode().replace("\r\n", "\n")
+        owed = pathlib.Path("/usr/share/doc", runtime, "copyright").read_text()
+        check(text == owed, f"the licence {word} is not the runtime's")
+        check("Redistributions in binary form must reproduce" in text, f"{word}: no licence")
+
+
+@scenario("the readme gives the program's own sum, and a file beside the packages gives theirs")
+def sums(world):
+    for word, program in windows_programs(world):
+        with zip_of(world, word) as packed:
+            readme = packed.read(README).decode()
+        found = re.findall(r"\b[0-9a-f]{64}\b", readme)
+        check(found == [hashlib.sha256(program).hexdigest()], f"{word}: the readme gives {found}")
+    dist = pathlib.Path(world.program)
+    told = dict(reversed(line.split("  ")) for line in (dist / SUMS).read_text().splitlines())
+    made = {file.name: hashlib.sha256(file.read_bytes()).hexdigest()
+            for file in dist.iterdir() if file.name != SUMS}
+    check(told == made, f"{SUMS} gives {told}, not {made}")
 
 
 @scenario("the programs for Windows are of 32 and of 64 bits, without a time and without symbols")
@@ -72,15 +102,45 @@ def windows_subsystem(world):
         check(subsystem == programs.WINDOWS, f"{word}: is of subsystem {subsystem}")
 
 
-@scenario("the programs for Windows need no library but the system's own")
-def windows_libraries(world):
+@scenario("the programs for Windows run from Windows 7 on, at any address and without data as code")
+def windows_safety(world):
+    for word, program in windows_programs(world):
+        header = programs.header(program)
+        check(header.system == (6, 1), f"{word}: is for Windows {header.system}")
+        wanted = programs.SAFETY[word]
+        check(header.safety & wanted == wanted, f"{word}: has only {header.safety:#x}")
+
+
+@scenario("the programs for Windows call what is on the list of their imports, and nothing else")
+def windows_imports(world):
+    allowed = programs.allowed_imports()
+    used = set()
     for word, program in windows_programs(world):
         path = world.folder / PROGRAM
         path.write_bytes(program)
-        needed = programs.libraries(path, word)
-        check("kernel32.dll" in needed, f"{word}: needs only {needed}")
-        check(needed <= programs.SYSTEM_LIBRARIES,
-              f"{word}: needs {needed - programs.SYSTEM_LIBRARIES}")
+        imports = programs.imports(path, word)
+        check(("kernel32.dll", "CreateFileW") in imports, f"{word}: imports only {imports}")
+        check(imports <= allowed, f"{word}: not on the list: {sorted(imports - allowed)}")
+        used |= imports
+    check(used == allowed, f"on the list, and called by no program: {sorted(allowed - used)}")
+
+
+@scenario("the programs' manifest knows the systems that they run on, and paths of any length")
+def manifests(world):
+    for word, program in windows_programs(world):
+        text = program[program.index(b"<assembly"):program.index(b"</assembly>")].decode()
+        check(text.count("<supportedOS Id=") == 4, f"{word}: {text}")
+        for setting in ("longPathAware", "activeCodePage"):
+            check(f"</{setting}>" in text, f"{word}: no {setting}")
+
+
+@scenario("the programs' icon has its largest image packed")
+def packed_icons(world):
+    for word, program in windows_programs(world):
+        starts = [found.start() for found in re.finditer(re.escape(b"\x89PNG\r\n"), program)]
+        check(len(starts) == 1, f"{word}: PNG images at {starts}")
+        side = struct.unpack_from(">II", program, starts[0] + 16)
+        check(side == (256, 256), f"{word}: the PNG image is of {side}")
 
 
 @scenario("no program tells in which folder it was built")
@@ -104,7 +164,8 @@ def same_bytes(world):
                ' scripts/pack-debian "$1"')
     subprocess.run(["faketime", "2031-02-03 04:05:06", "bash", "-c", packing, "bash", out],
                    cwd=ROOT, env=environment, check=True)
-    first = sorted(pathlib.Path(world.program).iterdir())
+    first = sorted(set(pathlib.Path(world.program).iterdir()) -
+                   {pathlib.Path(world.program) / SUMS})
     check(len(first) == 3, f"packed were {first}")
     for package in first:
         check((out / package.name).read_bytes() == package.read_bytes(), f"{package.name} differs")

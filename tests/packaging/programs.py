@@ -1,6 +1,7 @@
 """What stands in the header of a program for Windows, and which libraries it asks for."""
 
 import dataclasses
+import pathlib
 import re
 import struct
 import subprocess
@@ -9,9 +10,14 @@ MACHINES = {"x86": 0x014C, "x64": 0x8664}
 WINDOWS = 2  # a subsystem: no console
 TOOLS = {"x86": "i686-w64-mingw32-objdump", "x64": "x86_64-w64-mingw32-objdump"}
 
-# What every Windows that the player runs on has.
-SYSTEM_LIBRARIES = {"advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll",
-                    "msvcrt.dll", "ole32.dll", "shell32.dll", "user32.dll", "winmm.dll"}
+RUNTIMES = {"x86": "mingw-w64-i686-dev", "x64": "mingw-w64-x86-64-dev"}
+
+# Laid out at random, with data that is no code; of 64 bits also anywhere in them.
+SAFETY = {"x86": 0x0140, "x64": 0x0160}
+
+# All that either program may call: what every Windows has that they run on, and nothing that reads
+# like a program that meddles with others. Lines of a library and a name.
+IMPORTS = pathlib.Path(__file__).with_name("windows_imports")
 
 
 @dataclasses.dataclass
@@ -20,6 +26,8 @@ class Header:
     time: int  # seconds since 1970
     symbols: int
     subsystem: int
+    system: tuple  # the oldest Windows: its version, and the part behind the point
+    safety: int  # bits
 
 
 def header(program):
@@ -28,10 +36,26 @@ def header(program):
     if mark != b"PE\0\0":
         raise AssertionError("this is no program for Windows")
     # In both formats of the part that follows this header of 24 bytes.
-    (subsystem,) = struct.unpack_from("<H", program, start + 24 + 68)
-    return Header(machine, time, symbols, subsystem)
+    optional = start + 24
+    system = struct.unpack_from("<HH", program, optional + 48)
+    subsystem, safety = struct.unpack_from("<HH", program, optional + 68)
+    return Header(machine, time, symbols, subsystem, system, safety)
 
 
-def libraries(path, word):
+def imports(path, word):
+    """What a program calls: pairs of a library and a name."""
     listing = subprocess.run([TOOLS[word], "-p", path], check=True, stdout=subprocess.PIPE).stdout
-    return {name.lower() for name in re.findall(r"DLL Name: (\S+)", listing.decode())}
+    found = set()
+    library = None
+    for line in listing.decode().splitlines():
+        if name := re.match(r"\s+DLL Name: (\S+)", line):
+            library = name[1].lower()
+        elif entry := re.match(r"\t[0-9a-f]+\s+\d+\s+(\S+)$", line):
+            found.add((library, entry[1]))
+        elif not line.strip():
+            library = None
+    return {pair for pair in found if pair[0]}
+
+
+def allowed_imports():
+    return {tuple(line.split()) for line in IMPORTS.read_text().splitlines()}
