@@ -89,7 +89,7 @@ class LayoutReader {
         abandoned_ = patience_.abandoned && patience_.abandoned();
         done_ = abandoned_;
         const bool simple = parts_.size() == 1 && parts_.front().stretches.size() == 1;
-        if (!done_ && simple && !claimsWeighed_ &&
+        if (!done_ && simple && !claimsWeighed_ && parts_.front().frames > 0 &&
             std::chrono::steady_clock::now() >= patience_.until) {
             claimsWeighed_ = true;
             done_ = takeClaims(file_, end_, parts_.front());
