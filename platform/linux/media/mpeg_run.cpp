@@ -91,21 +91,26 @@ bool isBelieved(FileWindow& file, std::int64_t position, std::int64_t end, const
     return longer.end >= half && longer.changes > longer.frames / 2;
 }
 
-/// The next place whose two bytes can begin a frame.
+/// Whether three bytes can begin a header: no more than keeps most of other data out.
+bool mayBegin(const unsigned char* bytes) {
+    return bytes[1] >= 0xE0 && bytes[2] < 0xF0 && (bytes[2] & 0x0C) != 0x0C;
+}
+
+/// The next place that may begin a header.
 std::int64_t nextSync(FileWindow& file, std::int64_t position, std::int64_t end) {
     while (position < end) {
-        const auto bytes = file.look(position, 2);
-        if (bytes.size() < 2) return end;
+        const auto bytes = file.look(position, 3);
+        if (bytes.size() < 3) return end;
         const unsigned char* from = bytes.data();
-        const unsigned char* last = from + bytes.size() - 1;
+        const unsigned char* last = from + bytes.size() - 2;
         while (from < last) {
             const void* found = std::memchr(from, 0xFF, static_cast<std::size_t>(last - from));
             if (found == nullptr) break;
             from = static_cast<const unsigned char*>(found);
-            if (from[1] >= 0xE0) return std::min(end, position + (from - bytes.data()));
+            if (mayBegin(from)) return std::min(end, position + (from - bytes.data()));
             ++from;
         }
-        position += static_cast<std::int64_t>(bytes.size()) - 1;
+        position += static_cast<std::int64_t>(bytes.size()) - 2;
     }
     return end;
 }
