@@ -32,7 +32,7 @@ class LayoutReader {
     bool findMusic() {
         const std::int64_t start = bytesOfLeadingTags(file_);
         const std::int64_t last = std::min(end_, start + longestJunk);
-        auto before = tagRunsPastEnd(file_, start) ? Before::Junk : Before::Nothing;
+        auto before = Before::Nothing;
         int tries = 0;
         for (at_ = start; at_ < last && tries < mostTries; at_ = nextHeader(file_, at_ + 1, last)) {
             const auto header = mpegHeaderAt(file_, at_);

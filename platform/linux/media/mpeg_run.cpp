@@ -87,8 +87,7 @@ bool isBelieved(FileWindow& file, std::int64_t position, std::int64_t end, const
     if (!rare || before != Before::Junk) return true;
     if (row.changes <= row.frames / 2) return false;
     const std::int64_t half = position + (end - position) / 2;
-    const Row longer = rowAt(file, position, end, stream, needed, half);
-    return longer.end >= half && longer.changes > longer.frames / 2;
+    return rowAt(file, position, end, stream, needed, half).end >= half;
 }
 
 /// Whether three bytes can begin a header: no more than keeps most of other data out.

@@ -112,11 +112,6 @@ std::int64_t bytesOfLeadingTags(FileWindow& file) {
     }
 }
 
-bool tagRunsPastEnd(FileWindow& file, std::int64_t position) {
-    return position + id3v2SizeAt(file, position) > file.size() ||
-           position + apeSizeAt(file, position) > file.size();
-}
-
 std::int64_t tagSizeAt(FileWindow& file, std::int64_t position) {
     std::int64_t size = id3v2SizeAt(file, position);
     if (size == 0) size = apeSizeAt(file, position);

@@ -11,9 +11,6 @@ namespace platform::media {
 /// fill the file, or more, doesn't count.
 std::int64_t bytesOfLeadingTags(FileWindow& file);
 
-/// Whether the tag at a place claims more bytes than the file has.
-bool tagRunsPastEnd(FileWindow& file, std::int64_t position);
-
 /// Bytes of the tag at a place, of any kind that can follow music; 0 if none.
 std::int64_t tagSizeAt(FileWindow& file, std::int64_t position);
 

@@ -16,7 +16,7 @@ constexpr int blocksPerSecond = 4;
 constexpr int fewestBlockFrames = 256;
 
 // The decoder works in strokes of at least this many blocks, so that it wakes seldom.
-constexpr std::size_t blocksPerStroke = 4;
+constexpr std::size_t blocksPerStroke = 8;
 
 } // namespace
 
@@ -70,7 +70,8 @@ Block* Track::front(std::uint32_t request) {
 void Track::pop() {
     queue_->pop();
     if (queue_->waiting() + blocksPerStroke != BlockQueue::capacity) return;
-    const MutexLock lock(mutex_);
+    // Whoever is woken finds the mutex free, and needn't be put to sleep again.
+    { const MutexLock lock(mutex_); }
     changed_.notify_all();
 }
 

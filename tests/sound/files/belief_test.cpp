@@ -127,6 +127,32 @@ TEST_CASE("text and tables that repeat are not music") {
     }
 }
 
+TEST_CASE("a table of ever-new rows in a longer file is not music") {
+    for (const char second : {'\xFD', '\xF5'}) {
+        for (const std::size_t size : {24U, 60U, 172U, 882U}) {
+            Bytes file = "a table";
+            for (unsigned row = 0; row < 500; ++row)
+                file += Bytes({'\xFF', second, '\0', '\x40'}) + chaos(size - 4, row + 1);
+            CAPTURE(size);
+            file += chaos(2'000'000);
+            CHECK(openError(write("table.mp3", file)) == MediaError::NotAudio);
+        }
+    }
+}
+
+TEST_CASE("frames in a row whose insides can't be are not music") {
+    for (const Bytes& head : {Bytes("\xFF\xFB\x90\x00", 4), Bytes("\xFF\xFB\x90\xC0", 4)}) {
+        Bytes file;
+        for (unsigned frame = 0; frame < 100; ++frame)
+            file += head + chaos(413, frame + 1);
+        CHECK(openError(write("hollow.mp3", file)) == MediaError::NotAudio);
+    }
+    Bytes file;
+    for (unsigned frame = 0; frame < 100; ++frame)
+        file += Bytes("\xFF\xFF\x50\x00", 4) + chaos(168, frame + 1);
+    CHECK(openError(write("hollow.mp1", file)) == MediaError::NotAudio);
+}
+
 TEST_CASE("a tag that runs past its file's end is not music, nor is the picture in it") {
     for (const unsigned seed : {1U, 2U, 3U, 4U, 5U, 6U}) {
         Bytes picture = chaos(100'000, seed);

@@ -101,6 +101,18 @@ TEST_CASE("a second part of another rate sounds as it does alone, but for a thou
     }
 }
 
+TEST_CASE("joined files of two rates play both, and their tags stay silent") {
+    const Bytes one = readAll(encode("one", noise(1000), "-b 128 -t"));
+    const Bytes two = readAll(encode("two", noise(1000, 48000), "-b 128 -t"));
+    const Bytes id3 = Bytes("ID3\x03\0\0\0\0\x10\0", 10) + chaos(2048, 8);
+    const Bytes id3v1 = "TAG" + Bytes(125, 'x');
+    const auto plain = decodeAll(write("plain.mp3", one + two));
+    const auto tagged = decodeAll(write("tagged.mp3", id3 + one + id3v1 + id3 + two + id3v1));
+    CHECK(framesOf(plain) > 85'000);
+    REQUIRE(framesOf(tagged) == framesOf(plain));
+    CHECK(widestGap(tagged, plain, 0) == 0);
+}
+
 TEST_CASE("several changes of rate play one after the other") {
     const Bytes low = readAll(encode("low", noise(500, 22050), "-b 64 -t"));
     const Bytes high = readAll(encode("high", noise(500, 48000), "-b 128 -t"));
