@@ -21,7 +21,8 @@ struct Block {
 /// Blocks from one thread to another without a lock. Their memory is laid out once.
 class BlockQueue {
   public:
-    static constexpr std::size_t capacity = 6;
+    /// More than the server asks for at a time, which is two seconds.
+    static constexpr std::size_t capacity = 10;
 
     explicit BlockQueue(std::size_t bytesPerBlock) {
         for (Block& block : blocks_)

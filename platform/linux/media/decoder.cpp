@@ -1,6 +1,6 @@
 #include "platform/linux/media/decoder.h"
 
-#include "platform/linux/media/mpeg_frames.h"
+#include "platform/linux/media/music_tags.h"
 #include "platform/linux/media/wave_parts.h"
 
 #include <algorithm>
@@ -39,32 +39,31 @@ MediaError errorOf(int systemError) {
 
 } // namespace
 
-MediaError Decoder::open(const std::string& hostPath) {
+MediaError Decoder::open(const std::string& hostPath, const MeasurePatience& patience) {
     FileWindow file;
     if (const int error = file.open(hostPath); error != 0) return errorOf(error);
     const Container container = containerOf(file);
-    if (container == Container::None) return openMpeg(std::move(file));
+    if (container == Container::None) return openMpeg(std::move(file), patience);
     const std::int64_t start = bytesOfLeadingTags(file);
     file.narrow(start, file.size());
-    if (container == Container::Wave) return openWave(std::move(file));
+    if (container == Container::Wave) return openWave(std::move(file), patience);
     if (source_.emplace<SoundFileDecoder>().open(std::move(file))) return MediaError::None;
     FileWindow again;
     if (const int error = again.open(hostPath); error != 0) return errorOf(error);
-    return openMpeg(std::move(again));
+    return openMpeg(std::move(again), patience);
 }
 
-MediaError Decoder::openWave(FileWindow file) {
+MediaError Decoder::openWave(FileWindow file, const MeasurePatience& patience) {
     const auto parts = findWaveParts(file);
-    if (!parts) return openMpeg(std::move(file));
+    if (!parts) return openMpeg(std::move(file), patience);
     file.narrow(parts->dataStart, parts->dataEnd);
-    if (parts->isMpeg()) return openMpeg(std::move(file));
+    if (parts->isMpeg()) return openMpeg(std::move(file), patience);
     const bool good = source_.emplace<SoundFileDecoder>().open(std::move(file), parts->header());
     return good ? MediaError::None : MediaError::NotAudio;
 }
 
-MediaError Decoder::openMpeg(FileWindow file) {
-    const bool good =
-        narrowToMpegSound(file) && source_.emplace<MpegDecoder>().open(std::move(file));
+MediaError Decoder::openMpeg(FileWindow file, const MeasurePatience& patience) {
+    const bool good = source_.emplace<MpegDecoder>().open(std::move(file), patience);
     return good ? MediaError::None : MediaError::NotAudio;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/linux/media/sound_format.h"
 #include "platform/media_commands.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -16,7 +17,8 @@ namespace platform::media {
 class Decoder {
   public:
     /// Finds out what the file is, and its length. Reads as much of it as that takes.
-    MediaError open(const std::string& hostPath);
+    /// `patience` says when what the file tells of its length is enough.
+    MediaError open(const std::string& hostPath, const MeasurePatience& patience = {endless(), {}});
 
     SoundFormat format() const;
 
@@ -30,9 +32,12 @@ class Decoder {
     std::size_t read(std::byte* to, std::size_t count);
 
   private:
-    MediaError openMpeg(FileWindow file);
+    static std::chrono::steady_clock::time_point endless() {
+        return std::chrono::steady_clock::time_point::max();
+    }
 
-    MediaError openWave(FileWindow file);
+    MediaError openMpeg(FileWindow file, const MeasurePatience& patience);
+    MediaError openWave(FileWindow file, const MeasurePatience& patience);
 
     std::variant<std::monostate, MpegDecoder, SoundFileDecoder> source_;
 };

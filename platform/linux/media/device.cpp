@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace platform::media {
 namespace {
 
-// Far beyond what a disk that works takes; one that has stalled must not hold the windows longer.
-constexpr std::chrono::milliseconds openPatience{8000};
+// Far beyond what a disk that works takes; one that is slow, or has stalled, must not hold the
+// windows longer.
+constexpr std::chrono::milliseconds openPatience{500};
 
 } // namespace
 
@@ -55,23 +57,39 @@ MediaError Device::open(const MediaCommand& command) {
     if (track_) return MediaError::AliasInUse;
     const std::string hostPath = hostPathOfShortName(command.file);
     if (hostPath.empty()) return MediaError::FileNotFound;
-    Track::Opened opened =
-        Track::open(hostPath, openPatience, [&output = output_] { output.deliver(); });
-    if (opened.error != MediaError::None) return opened.error;
-    const std::int64_t length =
-        lengthInThousandths(opened.track->frames(), opened.track->format().rate);
+    std::shared_ptr<Track> opened;
+    MediaError error = openTrack(hostPath, opened);
+    if (error != MediaError::None) return error;
+    const std::int64_t length = lengthInThousandths(opened->frames(), opened->format().rate);
     // Sound too short for a thousandth could never be played from 1 to its length.
-    MediaError error = length == 0 ? MediaError::NotAudio : MediaError::None;
+    if (length == 0) error = MediaError::NotAudio;
     if (error == MediaError::None && !reachServer()) error = MediaError::NoSoundServer;
     if (error != MediaError::None) {
-        opened.track->release();
+        opened->release();
         return error;
     }
-    track_ = std::move(opened.track);
+    track_ = std::move(opened);
     state_ = State::Stopped;
     length_ = length;
     place_ = 0;
     return MediaError::None;
+}
+
+/// A file that took too long is waited for once more, unless another was asked for since.
+MediaError Device::openTrack(const std::string& hostPath, std::shared_ptr<Track>& opened) {
+    std::shared_ptr<Track> track = std::exchange(late_, nullptr);
+    if (track && track->hostPath() != hostPath) {
+        track->release();
+        track.reset();
+    }
+    if (!track) track = Track::begin(hostPath, [&output = output_] { output.deliver(); });
+    if (!track) return MediaError::OutOfMemory;
+    const MediaError error = track->waitForOpening(openPatience);
+    if (error == MediaError::None)
+        opened = std::move(track);
+    else if (error == MediaError::TimedOut)
+        late_ = std::move(track);
+    return error;
 }
 
 std::int64_t Device::frameOf(std::int64_t thousandths) const {

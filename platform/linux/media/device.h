@@ -28,6 +28,7 @@ class Device {
 
     Answer handle(const MediaCommand& command);
     MediaError open(const MediaCommand& command);
+    MediaError openTrack(const std::string& hostPath, std::shared_ptr<Track>& opened);
     MediaError play(const MediaCommand& command);
     MediaError pause();
     MediaError resume();
@@ -43,6 +44,9 @@ class Device {
 
     Output& output_;
     std::shared_ptr<Track> track_;
+
+    /// One that took too long to open. Its opening goes on, so that the next try finds it done.
+    std::shared_ptr<Track> late_;
     State state_ = State::Stopped;
     std::int64_t length_ = 0; ///< thousandths
     std::int64_t place_ = 0;  ///< where it stands while stopped, thousandths

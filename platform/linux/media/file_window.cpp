@@ -13,6 +13,7 @@ namespace {
 
 // Four seconds of an ordinary MP3: the disk is asked about once in that time.
 constexpr std::size_t bufferSize = std::size_t{64} * 1024;
+constexpr std::size_t tailSize = std::size_t{16} * 1024;
 
 } // namespace
 
@@ -23,9 +24,8 @@ FileWindow& FileWindow::operator=(FileWindow&& other) noexcept {
     std::swap(start_, other.start_);
     std::swap(end_, other.end_);
     std::swap(at_, other.at_);
-    std::swap(buffer_, other.buffer_);
-    std::swap(bufferStart_, other.bufferStart_);
-    std::swap(bufferFill_, other.bufferFill_);
+    std::swap(moving_, other.moving_);
+    std::swap(tail_, other.tail_);
     return *this;
 }
 
@@ -42,11 +42,11 @@ int FileWindow::open(const std::string& hostPath) {
         ::close(descriptor);
         return EINVAL;
     }
-    buffer_ = std::make_unique<std::byte[]>(bufferSize);
+    moving_ = {};
+    tail_ = {};
     if (descriptor_ >= 0) ::close(descriptor_);
     descriptor_ = descriptor;
-    start_ = at_ = bufferStart_ = 0;
-    bufferFill_ = 0;
+    start_ = at_ = 0;
     end_ = facts.st_size;
     return 0;
 }
@@ -61,32 +61,56 @@ void FileWindow::seek(std::int64_t position) {
     at_ = start_ + std::clamp<std::int64_t>(position, 0, size());
 }
 
-std::size_t FileWindow::refill() {
-    bufferStart_ = at_;
-    bufferFill_ = 0;
-    const auto wanted = std::min<std::int64_t>(bufferSize, end_ - at_);
+std::size_t FileWindow::Buffer::from(std::int64_t place) const {
+    const std::int64_t offset = place - start;
+    const bool inside = offset >= 0 && offset < static_cast<std::int64_t>(fill);
+    return inside ? fill - static_cast<std::size_t>(offset) : 0;
+}
+
+bool FileWindow::fill(Buffer& buffer, std::int64_t place, std::size_t size) {
+    if (!buffer.bytes) buffer.bytes = std::make_unique<unsigned char[]>(size);
+    size = std::min(size, static_cast<std::size_t>(end_ - place));
+    buffer.start = place;
+    buffer.fill = 0;
     ssize_t got = 0;
     do {
-        got = ::pread(descriptor_, buffer_.get(), static_cast<std::size_t>(wanted), at_);
+        got = ::pread(descriptor_, buffer.bytes.get(), size, place);
     } while (got < 0 && errno == EINTR);
-    if (got > 0) bufferFill_ = static_cast<std::size_t>(got);
-    return bufferFill_;
+    if (got > 0) buffer.fill = static_cast<std::size_t>(got);
+    return got > 0;
+}
+
+std::span<const unsigned char> FileWindow::bytesFrom(std::int64_t place, std::size_t count) {
+    const auto left = static_cast<std::size_t>(std::max<std::int64_t>(0, end_ - place));
+    if (left == 0) return {};
+    const std::size_t wanted = std::min(count, left);
+    const std::int64_t tailStart = std::max<std::int64_t>(0, end_ - std::int64_t{tailSize});
+    Buffer* buffer = &moving_;
+    if (moving_.from(place) < wanted) {
+        const bool inTail = place >= tailStart;
+        if (inTail) buffer = &tail_;
+        if (buffer->from(place) < wanted) {
+            const std::int64_t start = inTail ? tailStart : place;
+            if (!fill(*buffer, start, inTail ? tailSize : bufferSize)) return {};
+        }
+    }
+    const std::size_t size = std::min(buffer->from(place), left);
+    return {buffer->bytes.get() + (place - buffer->start), size};
+}
+
+std::span<const unsigned char> FileWindow::look(std::int64_t position, std::size_t count) {
+    if (position < 0 || position >= size()) return {};
+    return bytesFrom(start_ + position, std::min(count, mostAhead));
 }
 
 std::size_t FileWindow::read(void* to, std::size_t size) {
     auto* out = static_cast<std::byte*>(to);
     std::size_t done = 0;
     while (done < size && at_ < end_) {
-        const std::int64_t offset = at_ - bufferStart_;
-        const bool inside = offset >= 0 && offset < static_cast<std::int64_t>(bufferFill_);
-        if (!inside) {
-            if (refill() == 0) break;
-            continue;
-        }
-        const auto from = static_cast<std::size_t>(offset);
-        const std::size_t count =
-            std::min({size - done, bufferFill_ - from, static_cast<std::size_t>(end_ - at_)});
-        std::memcpy(out + done, buffer_.get() + from, count);
+        const auto bytes = bytesFrom(at_, 1);
+        const std::size_t count = std::min(size - done, bytes.size());
+        if (count == 0) break;
+        std::memcpy(out + done, bytes.data(), count);
         done += count;
         at_ += static_cast<std::int64_t>(count);
     }

@@ -1,26 +1,24 @@
 #pragma once
 
 #include "platform/linux/media/file_window.h"
-#include "platform/linux/media/mpeg_frames.h"
+#include "platform/linux/media/mpeg_layout.h"
+#include "platform/linux/media/mpeg_part_decoder.h"
+#include "platform/linux/media/resampler.h"
 #include "platform/linux/media/sound_format.h"
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
 
-struct mpg123_handle_struct;
-
 namespace platform::media {
 
-/// MPEG audio of layers I to III, by libmpg123. What an encoder put before and behind the sound is
-/// left out.
+/// MPEG audio of layers I to III. Parts of other rates sound at the first one's.
 class MpegDecoder {
   public:
-    /// Takes over a window that `narrowToMpegSound` has narrowed. False if nothing can be decoded.
-    bool open(FileWindow file);
+    /// False if it is none, or nothing in it can be decoded.
+    bool open(FileWindow file, const MeasurePatience& patience);
 
     SoundFormat format() const { return format_; }
     std::int64_t frames() const { return frames_; }
@@ -28,27 +26,21 @@ class MpegDecoder {
     std::size_t read(std::byte* to, std::size_t count);
 
   private:
-    struct Closer {
-        void operator()(mpg123_handle_struct* handle) const;
+    /// A part, and where it begins in the whole.
+    struct Placed {
+        std::int64_t start = 0;
+        std::int64_t end = 0;
+        std::optional<Resampler> resampler; ///< where its rate is another than the first's
     };
 
-    bool prepare();
-    bool rewind();
-    bool measure();
-    using Until = std::chrono::steady_clock::time_point;
-    bool measureByHeaders(const std::optional<EncoderPadding>& told, Until until);
-    bool measureByDecoder(Until until);
+    bool startAt(std::size_t part, std::int64_t frame);
 
-    std::unique_ptr<FileWindow> file_; ///< at a fixed place: the library holds its address
-    std::unique_ptr<mpg123_handle_struct, Closer> handle_;
+    std::unique_ptr<FileWindow> file_; ///< at a fixed place: the part's decoder reads it
+    std::vector<MpegPart> parts_;
+    std::vector<Placed> placed_; ///< each of `parts_`
+    std::size_t current_ = 0;
+    std::unique_ptr<MpegPartDecoder> decoder_; ///< of the current part
     SoundFormat format_;
-    std::int64_t samples_ = 0; ///< all that the decoder gives, per channel
-    std::int64_t delay_ = 0;   ///< decoded frames before the first that counts
-    int frameSamples_ = 0;
-    std::vector<std::int64_t> index_; ///< the places of some frames in the file
-    std::int64_t indexStep_ = 0;      ///< frames from one of them to the next
-    long framesAhead_ = 0;            ///< decoded and dropped before a new place
-    long decoderPreframes_ = 0;       ///< of these, the library's own
     std::int64_t frames_ = 0;
     std::int64_t at_ = 0;
 };

@@ -1,29 +1,43 @@
 #pragma once
 
 #include "platform/linux/media/file_window.h"
+#include "platform/linux/media/mpeg_run.h"
+#include "platform/linux/media/stretched_file.h"
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <vector>
 
 namespace platform::media {
 
-/// Where the frames of a stream stand, found by stepping from header to header.
-struct MpegLayout {
+/// Frames of one stream, and where they stand.
+struct MpegPart {
     static constexpr int indexStep = 32;
 
+    MpegStream stream;
+    std::optional<EncoderPadding> padding; ///< its info frame, which is not one of `frames`
+    std::vector<Stretch> stretches;        ///< in bytes of the file; nothing else is in them
     std::int64_t frames = 0;
-    std::int64_t end = 0;            ///< where the last of them ends
-    bool whole = true;               ///< false: time ran out before the window's end
+    bool whole = true;               ///< false: counted without a look at each frame
     int smallestFrame = 0;           ///< bytes
-    std::vector<std::int64_t> index; ///< the place of each `indexStep`th frame
+    int bitRate = 0;                 ///< bits a second, of all its frames; 0 if they differ
+    std::vector<std::int64_t> index; ///< of each `indexStep`th frame, in bytes of the stretches
 };
 
-/// Steps through the frames from a place to the window's end, or until time runs out. None if
-/// anything but frames of one rate and layer is met on the way: then only the decoder can tell what
-/// will sound.
-std::optional<MpegLayout> readMpegLayout(FileWindow& file, std::int64_t start,
-                                         std::chrono::steady_clock::time_point until);
+/// How much of a disk's time counting may take.
+struct MeasurePatience {
+    /// From then on what a file tells of itself is enough, if it holds where it is looked at.
+    std::chrono::steady_clock::time_point until;
+    /// Nobody wants the answer any more.
+    std::function<bool()> abandoned;
+};
+
+/// Finds the music in a file and steps through its frames from header to header. Whatever else
+/// stands in it is left out: tags, pictures, junk. Behind junk only frames of the same stream
+/// count, else frames of another rate or kind make another part. Empty if the file is no MPEG
+/// audio.
+std::vector<MpegPart> readMpegLayout(FileWindow& file, const MeasurePatience& patience);
 
 } // namespace platform::media

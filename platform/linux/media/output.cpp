@@ -20,8 +20,10 @@ constexpr int strokeMilliseconds = 1000;
 // dry run may lose sound.
 constexpr int startMilliseconds = 2000;
 
-constexpr std::int64_t timingStaysGood = 400'000; // microseconds
-constexpr std::int64_t endSlack = 3'000;          // microseconds
+// The clocks of sound and system part by a fifth of a millisecond in so many microseconds. In
+// steady play the server is asked when it wants more sound, since its thread is up then anyway.
+constexpr std::int64_t timingStaysGood = 2'500'000;
+constexpr std::int64_t endSlack = 3'000; // microseconds
 
 constexpr std::array<std::byte, std::size_t{32} * 1024> stillness{};
 
@@ -206,6 +208,7 @@ void Output::onRoom(pa_stream*, std::size_t, void* self) {
     auto& output = *static_cast<Output*>(self);
     output.server_.assertLocked();
     output.pump();
+    if (output.mode_ == Mode::Playing) output.askTiming();
 }
 
 /// The sound set in, was held up, or goes another way now.

@@ -9,29 +9,28 @@
 namespace platform::media {
 namespace {
 
+// Any disk that works has given up a whole MP3 by then, or may be asked for less of it.
+constexpr std::chrono::milliseconds measurePatience{150};
+
 constexpr int blocksPerSecond = 4;
 constexpr int fewestBlockFrames = 256;
 
 // The decoder works in strokes of at least this many blocks, so that it wakes seldom.
-constexpr std::size_t blocksPerStroke = 4;
+constexpr std::size_t blocksPerStroke = 8;
 
 } // namespace
 
 Track::Track(Private, std::string hostPath, std::function<void()> deliver)
     : hostPath_(std::move(hostPath)), deliver_(std::move(deliver)) {}
 
-Track::Opened Track::open(const std::string& hostPath, std::chrono::milliseconds limit,
-                          std::function<void()> deliver) {
+std::shared_ptr<Track> Track::begin(const std::string& hostPath, std::function<void()> deliver) {
     auto track = std::make_shared<Track>(Private{}, hostPath, std::move(deliver));
     try {
         std::thread(run, track).detach();
     } catch (const std::system_error&) {
-        return {MediaError::OutOfMemory, nullptr};
+        return nullptr;
     }
-    const MediaError error = track->waitForOpening(limit);
-    if (error == MediaError::None) return {error, track};
-    track->release();
-    return {error, nullptr};
+    return track;
 }
 
 MediaError Track::waitForOpening(std::chrono::milliseconds limit) {
@@ -71,7 +70,8 @@ Block* Track::front(std::uint32_t request) {
 void Track::pop() {
     queue_->pop();
     if (queue_->waiting() + blocksPerStroke != BlockQueue::capacity) return;
-    const MutexLock lock(mutex_);
+    // Whoever is woken finds the mutex free, and needn't be put to sleep again.
+    { const MutexLock lock(mutex_); }
     changed_.notify_all();
 }
 
@@ -83,7 +83,8 @@ void Track::run(const std::shared_ptr<Track>& track) {
 void Track::openFile() {
     MediaError error = MediaError::None;
     try {
-        error = decoder_.open(hostPath_);
+        const auto until = std::chrono::steady_clock::now() + measurePatience;
+        error = decoder_.open(hostPath_, {until, [this] { return released(); }});
         if (error == MediaError::None) {
             format_ = decoder_.format();
             frames_ = decoder_.frames();
@@ -99,6 +100,11 @@ void Track::openFile() {
     openError_ = error;
     if (error != MediaError::None) released_ = true;
     changed_.notify_all();
+}
+
+bool Track::released() {
+    const MutexLock lock(mutex_);
+    return released_;
 }
 
 void Track::decodeRequests() {

@@ -24,15 +24,13 @@ struct Span {
 /// go of one never waits for a disk that has stalled.
 class Track {
   public:
-    struct Opened {
-        MediaError error = MediaError::None;
-        std::shared_ptr<Track> track;
-    };
+    /// Begins to open a file. `deliver` is called on the decoding thread when sound has arrived
+    /// that the reader was out of. Null if there can be no such thread.
+    static std::shared_ptr<Track> begin(const std::string& hostPath, std::function<void()> deliver);
 
-    /// Opens a file, waiting no longer than `limit`. `deliver` is called on the decoding thread
-    /// when sound has arrived that the reader was out of.
-    static Opened open(const std::string& hostPath, std::chrono::milliseconds limit,
-                       std::function<void()> deliver);
+    /// Waits until the file is open, no longer than `limit`: `TimedOut` then, and the opening goes
+    /// on. Once there is no error the rest of the track may be used.
+    MediaError waitForOpening(std::chrono::milliseconds limit);
 
     SoundFormat format() const { return format_; }
     std::int64_t frames() const { return frames_; }
@@ -59,9 +57,9 @@ class Track {
     enum class Opening { Running, Done };
     enum class Going { On, Away };
 
-    MediaError waitForOpening(std::chrono::milliseconds limit);
     static void run(const std::shared_ptr<Track>& track);
     void openFile();
+    bool released();
     void decodeRequests();
     bool waitForWork();
     Going takeRequest();

@@ -21,6 +21,7 @@ struct Stall {
     std::int64_t fromByte = 0;
     std::chrono::milliseconds each{0}; ///< slow, if not 0, rather than stalled
     int held = 0;
+    int looks = 0;
 };
 
 /// Never taken apart: a thread may still stand in it when the process ends.
@@ -39,6 +40,7 @@ void holdUp(int descriptor, std::int64_t end) {
     Stall& it = stall();
     std::unique_lock lock(it.mutex);
     if (!isStalled(it, descriptor, end)) return;
+    ++it.looks;
     if (it.each.count() != 0) {
         const auto slow = it.each;
         lock.unlock();
@@ -56,6 +58,7 @@ void begin(const std::string& path, std::int64_t fromByte, std::chrono::millisec
     if (::stat(path.c_str(), &it.file) != 0) throw std::runtime_error("no file " + path);
     it.fromByte = fromByte;
     it.each = each;
+    it.looks = 0;
     it.on = true;
 }
 
@@ -80,6 +83,11 @@ SlowFile::SlowFile(const std::string& path, std::chrono::milliseconds each) {
 }
 
 SlowFile::~SlowFile() { end(); }
+
+int SlowFile::looks() const {
+    const std::lock_guard lock(stall().mutex);
+    return stall().looks;
+}
 
 StalledFile::StalledFile(const std::string& path, std::int64_t fromByte) {
     begin(path, fromByte, std::chrono::milliseconds(0));

@@ -13,6 +13,9 @@ class SlowFile {
     ~SlowFile();
     SlowFile(const SlowFile&) = delete;
     SlowFile& operator=(const SlowFile&) = delete;
+
+    /// How often it has been looked at.
+    int looks() const;
 };
 
 /// While one lives, the disk does not answer this process for a file from some byte on: whoever
