@@ -125,6 +125,23 @@ def permissions(world):
     check(programs_found == ["./usr/bin/orvan"], f"programs: {programs_found}")
 
 
+@scenario("installing from the build folder brings the program and all that the desktop is told of it")
+def installed_by_hand(world):
+    place = world.folder / "place"
+    subprocess.run(["cmake", "--install", ROOT / "build" / "linux", "--prefix", place],
+                   check=True, stdout=subprocess.DEVNULL)
+    packed = unpacked(package_in(world.program), world.folder / "files") / "usr"
+    there = {str(file.relative_to(place)) for file in place.rglob("*") if file.is_file()}
+    wanted = {str(file.relative_to(packed)).removesuffix(".gz")
+              for file in packed.rglob("*") if file.is_file()}
+    # These two stand where Debian wants them, in its packages only.
+    wanted -= {"share/doc/orvan/copyright", "share/doc/orvan/changelog"}
+    check(there == wanted and "bin/orvan" in there, f"installed are {sorted(there)}")
+    check(os.access(place / "bin" / "orvan", os.X_OK), "the program can't be started")
+    manual = (place / "share" / "man" / "man1" / "orvan.1").read_text()
+    check("@" not in manual.splitlines()[0], "the manual names no version")
+
+
 @scenario("the desktop's own checks find nothing wrong with what it is told of the player")
 def desktop_files(world):
     share = unpacked(package_in(world.program), world.folder / "files") / "usr" / "share"
