@@ -13,7 +13,7 @@ import sys
 import zipfile
 
 import programs
-from debian import Machine, package_in, unpacked
+from debian import Machine, depends_of, package_in, unpacked
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tests" / "e2e"))
@@ -177,12 +177,17 @@ def icons(world):
 
 @scenario("where a package that the player needs is missing, its own is not installed")
 def dependencies(world):
-    for number, name in enumerate(("fonts-liberation", "libmpg123-0", "libqt6gui6")):
+    package = package_in(world.program)
+    # Libraries have other names from one system to the next.
+    needed = ("fonts-liberation", "libmpg123-0", "libqt6gui6")
+    named = [name for name in depends_of(package) if name.removesuffix("t64") in needed]
+    check(len(named) == len(needed), f"the package asks for {named} only")
+    for number, name in enumerate(named):
         folder = world.folder / str(number)
         folder.mkdir()
         machine = Machine(folder)
         machine.forget(name)
-        status, said = machine.dpkg("--install", package_in(world.program))
+        status, said = machine.dpkg("--install", package)
         check(status != 0 and name in said, f"without {name}: {said}")
         check(machine.state_of("orvan") == "unpacked", f"without {name} it counts as installed")
 
