@@ -1,5 +1,13 @@
 # How tests become tests of CTest, and what each of them is made of.
 
+# The thread sanitizer needs its shadow where an address space laid out at random may lie.
+if(ORVAN_SANITIZE MATCHES thread)
+    execute_process(COMMAND setarch -R true RESULT_VARIABLE refused ERROR_QUIET)
+    if(NOT refused)
+        set(CMAKE_CROSSCOMPILING_EMULATOR setarch -R)
+    endif()
+endif()
+
 # The tests' own code is compiled for the compiler's speed: it costs most of a build and little of
 # a run.
 add_library(orvan_tests_options INTERFACE)

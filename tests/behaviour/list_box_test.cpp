@@ -192,7 +192,8 @@ TEST_CASE("setting the view keeps it between the first and the last full view") 
     CHECK(small.top() == 0);
 }
 
-TEST_CASE("selecting from code brings the entry into view; an index without an entry is ignored") {
+TEST_CASE(
+    "selecting from code brings the entry into view, and an index without an entry is ignored") {
     Scene scene;
     scene.list.ListIndex(4);
     CHECK(scene.top() == 2);

@@ -39,7 +39,7 @@ bool sought(const Commands& commands) {
 
 } // namespace
 
-TEST_CASE("the strip is the pixel rows 34 to 40; presses beside it start a window drag") {
+TEST_CASE("the strip is the pixel rows 34 to 40, and presses beside it start a window drag") {
     struct Row {
         int y;
         bool strip;

@@ -15,6 +15,13 @@ def package_in(dist):
     return package
 
 
+def depends_of(package):
+    """The names of the packages that it can't do without."""
+    text = subprocess.run(["dpkg-deb", "--field", package, "Depends"], check=True,
+                          stdout=subprocess.PIPE, text=True).stdout
+    return [entry.split()[0] for entry in text.split(",")]
+
+
 def unpacked(package, folder):
     """What the package installs, without installing it."""
     subprocess.run(["dpkg-deb", "--extract", package, folder], check=True)

@@ -90,7 +90,7 @@ TEST_CASE("time can pass while a menu is open") {
     CHECK(ticks == 10);
 }
 
-TEST_CASE("one file picked is its path and a nul; the rest of the buffer stays") {
+TEST_CASE("one file picked is its path and a nul, and the rest of the buffer stays") {
     Request request(64);
     world.dialogs.pickFiles({"C:\\Music\\a song.mp3"});
     CHECK(platform::GetOpenFileNameA(&request.record));
