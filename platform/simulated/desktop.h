@@ -18,6 +18,7 @@ struct Desktop {
     platform::Size screen{1024, 768};
     platform::Rect workArea{0, 0, 1024, 738};
     platform::Point cursor; ///< the pointer, screen pixels; follows the pointer events
+    int cursorsAsked = 0;   ///< how often the program has asked for it
 };
 
 } // namespace simulated

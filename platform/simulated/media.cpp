@@ -166,7 +166,8 @@ namespace platform {
 using simulated::world;
 
 std::uint32_t mciSendStringA(const char* command, char* reply, std::uint32_t replySize,
-                             WindowHandle /*callback*/) {
+                             WindowHandle callback) {
+    world.media.calls.push_back({replySize, callback, reply != nullptr});
     std::string text;
     const std::uint32_t error = world.media.send(command, text);
     if (error == 0) simulated::copyCut(text, reply, replySize);
@@ -174,6 +175,7 @@ std::uint32_t mciSendStringA(const char* command, char* reply, std::uint32_t rep
 }
 
 bool mciGetErrorStringA(std::uint32_t error, char* text, std::uint32_t size) {
+    world.media.errorTexts.emplace_back(error, size);
     const std::string_view sentence = mediaErrorText(error);
     if (sentence.empty()) return false;
     simulated::copyCut(sentence, text, size);

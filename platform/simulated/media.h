@@ -32,6 +32,16 @@ class Media {
     /// Every position asked for reads so, until called with nothing.
     void reportPosition(std::optional<std::int64_t> position) { reported_ = position; }
 
+    /// How a command was sent, besides its text.
+    struct Call {
+        std::uint32_t replySize = 0;
+        platform::WindowHandle callback = 0;
+        bool hasReply = false;
+    };
+    std::vector<Call> calls; ///< of every command, in order
+    /// Every error text asked for: the error's number and the room for the text, characters.
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> errorTexts;
+
     [[nodiscard]] bool open() const { return open_; }
     [[nodiscard]] const std::string& openPath() const { return path_; }
     [[nodiscard]] bool playing() const;

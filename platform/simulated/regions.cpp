@@ -64,7 +64,7 @@ std::int32_t SetWindowRgn(WindowHandle window, RegionHandle region, std::int32_t
     cut.region = region;
     cut.shape = std::move(rows);
     if (redraw != 0) cut.paintWanted = true;
-    simulated::note("shape window " + std::to_string(window));
+    simulated::note("shape window " + std::to_string(window) + (redraw == 0 ? " unpainted" : ""));
     return 1;
 }
 

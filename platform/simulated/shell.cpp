@@ -15,6 +15,11 @@ using platform::OPENFILENAME;
 
 std::string textOrNothing(const char* text) { return text == nullptr ? "" : text; }
 
+std::optional<std::string> textIfAny(const char* text) {
+    if (text == nullptr) return std::nullopt;
+    return text;
+}
+
 std::string filterText(const char* filter) {
     if (filter == nullptr) return "";
     std::string text;
@@ -162,13 +167,11 @@ constexpr std::size_t pathSize = 260; // characters, the nul included
 using simulated::world;
 
 bool GetOpenFileNameA(OPENFILENAME* record) {
-    world.dialogs.opened.push_back({record->hwndOwner, simulated::textOrNothing(record->lpstrTitle),
+    world.dialogs.opened.push_back({record->hwndOwner, simulated::textIfAny(record->lpstrTitle),
                                     simulated::filterText(record->lpstrFilter),
                                     simulated::textOrNothing(record->lpstrInitialDir),
                                     record->Flags, record->nMaxFile, record->lStructSize,
-                                    std::nullopt});
-    if (record->lpstrDefExt != nullptr)
-        world.dialogs.opened.back().defaultExtension = record->lpstrDefExt;
+                                    simulated::textIfAny(record->lpstrDefExt)});
     simulated::note("open dialog");
     const auto script = simulated::runDialog(record->hwndOwner, world.dialogs.openScripts);
     if (script.buffer) return simulated::fill(*record, *script.buffer);

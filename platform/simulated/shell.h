@@ -35,8 +35,8 @@ struct Menus {
 struct Dialogs {
     struct OpenDialog {
         platform::WindowHandle owner = 0;
-        std::string title;
-        std::string filter; ///< with its nuls, up to the last of them
+        std::optional<std::string> title; ///< nothing for a null pointer
+        std::string filter;               ///< with its nuls, up to the last of them
         std::string initialFolder;
         std::uint32_t flags = 0;
         std::uint32_t bufferSize = 0;

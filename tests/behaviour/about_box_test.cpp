@@ -1,3 +1,4 @@
+#include "platform/system.h"
 #include "tests/behaviour/player.h"
 #include "toolkit/painter.h"
 
@@ -54,10 +55,12 @@ TEST_CASE("the about box is made at its first use and not before") {
 TEST_CASE("the about box is a titled dialog of 297 by 223 pixels in the middle of the screen") {
     Player player;
     player.start();
-    showAbout(player, [] {
+    showAbout(player, [&] {
         const auto& window = simulated::window(simulated::windowTitled(title));
         CHECK(window.options.frame == platform::Frame::Dialog);
         CHECK(window.size == platform::Size{297, 223});
+        CHECK(player.program().aboutBox().window.Width() == 4455);
+        CHECK(player.program().aboutBox().window.Height() == 3345);
         // Its middle, title bar included, in halves of a pixel.
         CHECK(std::abs(2 * window.position.x + 297 - 1024) <= 2);
         CHECK(std::abs(2 * window.position.y + 223 + simulated::TitleBarHeight - 768) <= 2);
@@ -105,6 +108,52 @@ TEST_CASE("the credits have their 21 lines") {
         CHECK(lines[empty].empty());
     for (const std::size_t own : {1U, 5U, 8U, 11U, 14U, 19U})
         CHECK_FALSE(lines[own].empty());
+}
+
+TEST_CASE(
+    "the credits are bold and blue on white, the version bold and italic, both in their sizes") {
+    Player player;
+    player.start();
+    showAbout(player, [&] {
+        simulated::advance(3000);
+        world.text.drawn.clear();
+        simulated::advance(50); // which paints the box anew
+        const platform::Picture box = simulated::picture(simulated::windowTitled(title));
+        const auto drawn = [](const std::string& text) {
+            const auto& all = world.text.drawn;
+            const auto found = std::find_if(all.begin(), all.end(),
+                                            [&](const auto& one) { return one.text == text; });
+            REQUIRE(found != all.end());
+            return *found;
+        };
+        const auto credits = drawn("Programmer :");
+        CHECK(credits.font == platform::Font{"Tahoma", 9, true, false});
+        CHECK(credits.colour == 0xFF0000FFU);
+        const auto version = drawn("Final Version");
+        CHECK(version.font == platform::Font{"MS Sans Serif", 8.25, true, true});
+        CHECK(version.colour == toolkit::pixelOf(platform::GetSysColor(platform::COLOR_BTNTEXT)));
+        // Beside the letters: the credits' own white, the system's colours everywhere else.
+        const platform::Pixel face =
+            toolkit::pixelOf(platform::GetSysColor(platform::COLOR_BTNFACE));
+        CHECK(box.row(184)[288] == 0xFFFFFFFFU);
+        CHECK(box.row(24)[288] == face);
+        CHECK(box.row(2)[2] == face);
+    });
+}
+
+TEST_CASE("the credits' viewport has the system's window colour where they don't lie") {
+    Player player;
+    player.start();
+    showAbout(player, [&] {
+        AboutBox& box = player.program().aboutBox();
+        REQUIRE(box.Text1.Top() > box.Picture1.Height());
+        const platform::Picture shown = simulated::picture(simulated::windowTitled(title));
+        const platform::Pixel colour =
+            toolkit::pixelOf(platform::GetSysColor(platform::COLOR_WINDOW));
+        REQUIRE(colour != toolkit::pixelOf(platform::GetSysColor(platform::COLOR_BTNFACE)));
+        for (const int y : {56, 120, 184})
+            CHECK(shown.row(y)[150] == colour);
+    });
 }
 
 TEST_CASE("the close button is the platform's own, with a font and a pointer of its own") {

@@ -256,3 +256,20 @@ TEST_CASE("only the exact word arms") {
     CHECK(player.frmPlayer().alarmTime == -1);
     CHECK(player.frmPlayer().cmdSet.Caption() == "Set");
 }
+
+TEST_CASE("a saved hour of 99 shows as it is, steps to 0, and a stepped hour is what is saved") {
+    const std::string file = "C:\\Orvan\\MyPlayerSettings.mps";
+    Player player;
+    world.files.addFile(file, "3*0*0**120*90*99*30**0*0*120*1320*\r\n");
+    player.start();
+    FrmPlayer& form = player.frmPlayer();
+    openPanel(player);
+    CHECK(form.lblTimer.Caption() == "99:30");
+    hold(player, form.lblHr, 100);
+    CHECK(form.lblTimer.Caption() == "00:30");
+    hold(player, form.lblHr, 100);
+    hold(player, form.lblMin, 100);
+    CHECK(form.lblTimer.Caption() == "01:31");
+    CHECK(behaviour::endsTheProcess([&] { player.click(form.pctquit); }));
+    CHECK(world.files.text(file) == "3*0*0**120*90*1*31**0*0*120*1320*\n");
+}

@@ -354,6 +354,19 @@ TEST_CASE("a stale dock is repeated by a click on the main window") {
     CHECK(windows.list() == Point{610, 610});
 }
 
+TEST_CASE("moves without a button leave a stale dock to the click behind them") {
+    WindowPair windows({600, 100}, {100, 300});
+    windows.dragMain(150, 204);
+    windows.dragList(600, 600);
+    CHECK(windows.free());
+    for (int pixels = 0; pixels < 5; ++pixels)
+        simulated::moveTo(windows.player.mainWindow(), WindowPair::gripX + pixels,
+                          WindowPair::gripY);
+    windows.takeMain();
+    simulated::release();
+    CHECK(windows.stacked());
+}
+
 TEST_CASE("a stale dock can leave both flags set") {
     WindowPair windows({600, 100}, {100, 300});
     windows.dragMain(150, 204);

@@ -1,6 +1,8 @@
 #include "tests/behaviour/strip_rows.h"
 #include "tests/behaviour/window_pair.h"
 
+#include <algorithm>
+
 using behaviour::Player;
 using behaviour::Point;
 using behaviour::WindowPair;
@@ -315,6 +317,60 @@ TEST_CASE("a pointer that crosses the playlist without a button changes nothing"
     simulated::moveTo(windows.player.playlistWindow(), WindowPair::gripX + 20, WindowPair::gripY);
     CHECK(windows.list() == Point{300, 100});
     CHECK(windows.stacked());
+}
+
+TEST_CASE("moves without a button don't ask where the pointer is") {
+    WindowPair windows({600, 600}, {300, 100});
+    ModMain& program = windows.player.program();
+    program.dragCursorStart = program.dragCursorNow = {-7, -7};
+    for (const platform::WindowHandle window :
+         {windows.player.mainWindow(), windows.player.playlistWindow()}) {
+        const int asked = world.desktop.cursorsAsked;
+        simulated::moveTo(window, WindowPair::gripX, WindowPair::gripY);
+        simulated::moveTo(window, WindowPair::gripX + 20, WindowPair::gripY);
+        CHECK(world.desktop.cursorsAsked == asked);
+    }
+    CHECK(program.dragCursorStart == Point{-7, -7});
+    CHECK(program.dragCursorNow == Point{-7, -7});
+}
+
+TEST_CASE("moves of the playlist that arrive while another one is handled end where the last was") {
+    WindowPair windows({600, 600}, {300, 100});
+    windows.takeList();
+    simulated::post([] { WindowPair::dragTo(100, 200); });
+    simulated::post([] { WindowPair::dragTo(150, 270); });
+    WindowPair::dragTo(350, 150);
+    CHECK(windows.list() == Point{150, 270});
+    simulated::release();
+}
+
+TEST_CASE("moves that arrive while others are handled nest sixteen deep and no deeper") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    int depth = 0;
+    int deepest = 0;
+    for (int n = 1; n <= 100; ++n)
+        simulated::post([&, n] {
+            deepest = std::max(deepest, ++depth);
+            MainWindow::dragTo(40 + n, 40 + n);
+            --depth;
+        });
+    MainWindow::dragTo(350, 350);
+    CHECK(deepest == 16);
+    CHECK(window.main() == Point{140, 140});
+    simulated::release();
+}
+
+TEST_CASE("each window snaps and moves by its own size") {
+    WindowPair windows({300, 300}, {300, 500});
+    windows.player.frmPlaylist().window.Width(15 * 200);
+    windows.player.frmPlaylist().window.Height(15 * 50);
+    windows.dragList(815, 705);
+    CHECK(windows.list() == Point{824, 718});
+    CHECK(simulated::window(windows.player.playlistWindow()).size == platform::Size{200, 50});
+    windows.dragMain(740, 90);
+    CHECK(windows.main() == Point{748, 90});
+    CHECK(simulated::window(windows.player.mainWindow()).size == platform::Size{276, 82});
 }
 
 TEST_CASE("dragging one window doesn't take up the other one's press") {

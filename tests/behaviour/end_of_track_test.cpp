@@ -198,6 +198,40 @@ TEST_CASE("a position one thousandth short of the length is no end") {
     CHECK(player.status() == "Idle");
 }
 
+TEST_CASE("a position above the length is no end") {
+    Player player;
+    playOne(player, 2000);
+    tickAt(2001);
+    CHECK(player.status() == "Playing");
+    tickAt(2500);
+    CHECK(player.status() == "Playing");
+    CHECK(player.frmPlayer().pctprogressbar.Visible());
+}
+
+TEST_CASE("a device that never quite reaches its length never ends the track") {
+    Player player;
+    playShortTracks(player, 0);
+    world.media.reportPosition(1999);
+    simulated::advance(3'600'000);
+    CHECK(player.status() == "Playing");
+    CHECK(player.list().ListIndex() == 0);
+    CHECK(world.media.openPath() == A);
+}
+
+TEST_CASE("paused before its first tick, a track started after a natural stop is not at its end") {
+    Player player;
+    playShortTracks(player, 2);
+    simulated::advance(3 * tick);
+    REQUIRE(player.status() == "Idle");
+    player.click(player.frmPlayer().pctPlay);
+    pauseByKey(player);
+    REQUIRE(player.status() == "Paused");
+    // The values are those of the track before, its position one second past its length.
+    simulated::advance(3 * tick);
+    CHECK(player.status() == "Paused");
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+}
+
 TEST_CASE("a whole list plays through, one entry after the other, and stops") {
     Player player;
     playShortTracks(player, 0);

@@ -3,6 +3,8 @@
 
 #include "platform/system.h"
 
+#include <functional>
+
 using behaviour::commandsSent;
 using behaviour::Player;
 using simulated::world;
@@ -345,5 +347,55 @@ TEST_CASE("the volume goes to the device in use and a refusal is ignored") {
     world.sound.devices[1].result = 11;
     player.engine().AdjustVolume(16200);
     CHECK(world.sound.calls.back() == "set 1 7E907E90");
+    CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("queries take a reply of 255 characters, commands none, and none calls back") {
+    EngineAlone alone;
+    const auto sentBy = [](const std::function<void()>& deed) {
+        world.media.calls.clear();
+        deed();
+        std::vector<std::uint32_t> sizes;
+        for (const auto& call : world.media.calls) {
+            CHECK(call.callback == 0);
+            CHECK(call.hasReply == (call.replySize != 0));
+            sizes.push_back(call.replySize);
+        }
+        return sizes;
+    };
+    using Sizes = std::vector<std::uint32_t>;
+    Mpeg& engine = alone.engine();
+    CHECK(sentBy([&] { engine.PlayM(); }) == Sizes{255, 255, 0});
+    CHECK(sentBy([&] { engine.Duration(); }) == Sizes{255, 255});
+    CHECK(sentBy([&] { engine.CurrentPosition(); }) == Sizes{255});
+    CHECK(sentBy([&] { engine.MoveMPEG(5000); }) == Sizes{0, 0});
+    CHECK(sentBy([&] { engine.PauseM(); }) == Sizes{0});
+    CHECK(sentBy([&] { engine.RetourDeLaPause(); }) == Sizes{0});
+    CHECK(sentBy([&] { engine.StopM(); }) == Sizes{0, 0});
+    CHECK(sentBy([&] { engine.FileName(1, track); }) == Sizes{0});
+    CHECK(sentBy([&] { engine.FermerMp3(); }) == Sizes{0});
+}
+
+TEST_CASE("the text of a refused command is asked for in 128 characters and dropped") {
+    using Asked = std::vector<std::pair<std::uint32_t, std::uint32_t>>;
+    Player player;
+    player.start();
+    Mpeg& engine = player.engine();
+    const auto refused = [&](const char* start, const std::function<void()>& deed) {
+        world.media.errorTexts.clear();
+        world.media.fail(start, 277);
+        deed();
+        return world.media.errorTexts;
+    };
+    const Asked once = {{277, 128}};
+    CHECK(refused("open", [&] { engine.FileName(1, track); }) == once);
+    CHECK(refused("play mpeg from", [&] { engine.PlayM(); }) == once);
+    CHECK(refused("Close", [&] { engine.FermerMp3(); }) == once);
+    CHECK(refused("Pause", [&] { engine.PauseM(); }) == once);
+    CHECK(refused("Stop", [&] { engine.StopM(); }) == once);
+    CHECK(refused("Resume", [&] { engine.RetourDeLaPause(); }) == once);
+    CHECK(refused("seek", [&] { engine.MoveMPEG(5); }) == once);
+    // A query that fails yields -1 and asks for no words, and neither does the play behind a seek.
+    CHECK(refused("status", [&] { engine.CurrentPosition(); }).empty());
     CHECK(world.messages.shown.empty());
 }

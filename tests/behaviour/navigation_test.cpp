@@ -1,67 +1,16 @@
-#include "tests/behaviour/player.h"
+#include "tests/behaviour/three_tracks.h"
 
 using behaviour::commandsSent;
 using behaviour::Player;
 using simulated::world;
-
-namespace {
-
-using Commands = std::vector<std::string>;
+using namespace behaviour::three;
 using toolkit::LightBlue;
 using toolkit::Yellow;
 
-constexpr const char* A = "C:\\Music\\a.mp3";
-constexpr const char* B = "C:\\Music\\b.mp3";
-constexpr const char* C = "C:\\Music\\c.mp3";
-const Commands stopAndClose = {"Stop mpeg", "Close mpeg"};
+namespace {
 
-/// A player that plays the entry with this index of a, b and c.
-struct ThreeTracks {
-    explicit ThreeTracks(int index) {
-        player.play({A, B, C});
-        if (index != 0) {
-            player.list().ListIndex(index);
-            player.frmPlayer().startfile();
-        }
-        world.media.forgetCommands();
-    }
-    FrmPlayer& form() { return player.frmPlayer(); }
-    int index() { return player.list().ListIndex().value(); }
-    Player player;
-};
-
-void clickNext(Player& player) { player.click(player.frmPlayer().pctnext); }
-void clickPrevious(Player& player) { player.click(player.frmPlayer().pctprev); }
-void clickStop(Player& player) { player.click(player.frmPlayer().pctstop); }
-void clickPause(Player& player) { player.click(player.frmPlayer().pctpause); }
 void clickRepeat(Player& player) { player.click(player.frmPlayer().lblRepeat); }
 void clickShuffle(Player& player) { player.click(player.frmPlayer().lblShuffle); }
-
-void clickPlaylistStop(Player& player) {
-    player.frmPlaylist().window.Show();
-    player.click(player.frmPlaylist().pctPlsStop);
-}
-
-/// Pauses as the playlist's own key does: both windows show it.
-void pauseInBothWindows(Player& player) {
-    clickPause(player);
-    REQUIRE(player.status() == "Paused");
-    player.frmPlaylist().pctPlsPause.Visible(false);
-    player.frmPlaylist().pctPlsPauseDown.Visible(true);
-    world.media.forgetCommands();
-}
-
-bool pauseKeysAreUp(Player& player) {
-    return !player.frmPlayer().pctpausedown.Visible() &&
-           player.frmPlaylist().pctPlsPause.Visible() &&
-           !player.frmPlaylist().pctPlsPauseDown.Visible();
-}
-
-bool pauseKeysAreDown(Player& player) {
-    return player.frmPlayer().pctpausedown.Visible() &&
-           !player.frmPlaylist().pctPlsPause.Visible() &&
-           player.frmPlaylist().pctPlsPauseDown.Visible();
-}
 
 /// Where the selection stands after each of so many presses of next, from the first entry anew
 /// whenever it has come to the last.
@@ -205,17 +154,35 @@ TEST_CASE("next while paused and the stop fails resumes the old track under the 
     CHECK(world.media.openPath() == A);
 }
 
-TEST_CASE("shuffle picks from all tracks, the present one and the last included") {
+TEST_CASE("shuffle picks each of two tracks as often, the present one and the last included") {
     Player player;
     player.play({A, B});
     player.frmPlayer().shuffleOn = true;
     int picks[2] = {};
-    for (const int index : walkOf(player, 200))
+    for (const int index : walkOf(player, 4000))
         ++picks[index];
-    // 100 each are expected; 60 lies more than five deviations off.
-    CHECK(picks[0] > 60);
-    CHECK(picks[1] > 60);
+    // 2000 each are expected; 150 are more than four deviations.
+    CHECK(picks[0] > 1850);
+    CHECK(picks[1] > 1850);
     CHECK(player.status() == "Playing");
+}
+
+TEST_CASE("a shuffle that picks the present track starts it over") {
+    Player player;
+    player.play({A, B});
+    player.frmPlayer().shuffleOn = true;
+    int same = 0;
+    for (int i = 0; i < 40; ++i) {
+        player.list().ListIndex(0);
+        player.frmPlayer().startfile();
+        simulated::advance(5000);
+        clickNext(player);
+        same += player.list().ListIndex() == 0 ? 1 : 0;
+        CHECK(world.media.openPath() == (player.list().ListIndex() == 0 ? A : B));
+        CHECK(world.media.position() == 1);
+        CHECK(player.status() == "Playing");
+    }
+    CHECK(same > 5);
 }
 
 TEST_CASE("shuffle reaches every track of a long list") {
@@ -223,10 +190,13 @@ TEST_CASE("shuffle reaches every track of a long list") {
     startWithTwelveTracks(player);
     player.frmPlayer().shuffleOn = true;
     std::vector<int> picks(12);
-    for (const int index : walkOf(player, 600))
+    for (const int index : walkOf(player, 6000))
         ++picks[static_cast<std::size_t>(index)];
-    for (const int count : picks)
-        CHECK(count > 15);
+    // 500 each are expected; 100 are more than four deviations.
+    for (const int count : picks) {
+        CHECK(count > 400);
+        CHECK(count < 600);
+    }
 }
 
 TEST_CASE("shuffle draws over the tracks counted, not over the rows shown") {
@@ -268,6 +238,66 @@ TEST_CASE("nothing is drawn at the end of the list") {
     REQUIRE(wrapped.index() == 0);
     clickNext(wrapped.player);
     CHECK(wrapped.index() == firstPick);
+}
+
+TEST_CASE("nothing is drawn while shuffle is off") {
+    // The draw after a walk in order is the first of the run, so both players pick alike.
+    Player plain;
+    startWithTwelveTracks(plain);
+    clickShuffle(plain);
+    clickNext(plain);
+    const int firstPick = plain.list().ListIndex().value();
+
+    Player walked;
+    startWithTwelveTracks(walked);
+    for (int i = 0; i < 5; ++i)
+        clickNext(walked);
+    REQUIRE(walked.list().ListIndex() == 5);
+    clickShuffle(walked);
+    clickNext(walked);
+    CHECK(walked.list().ListIndex() == firstPick);
+}
+
+TEST_CASE("next and previous restart a single track that is paused from its beginning") {
+    for (const bool next : {true, false}) {
+        CAPTURE(next);
+        Player player;
+        player.play({A});
+        simulated::advance(5000);
+        pauseInBothWindows(player);
+        next ? clickNext(player) : clickPrevious(player);
+        const Commands sent = commandsSent();
+        REQUIRE(sent.size() == 6);
+        CHECK(sent[0] == "Stop mpeg");
+        CHECK(sent[1] == "Close mpeg");
+        CHECK(sent[2].starts_with("open "));
+        CHECK(sent[5] == "play mpeg from 1 to 200000");
+        CHECK(pauseKeysAreUp(player));
+    }
+}
+
+TEST_CASE("next and previous lift the pause keys even if the stop fails") {
+    for (const bool next : {true, false}) {
+        CAPTURE(next);
+        ThreeTracks three(2);
+        pauseInBothWindows(three.player);
+        if (!next) three.player.list().ListIndex(-1);
+        world.media.fail("stop");
+        next ? clickNext(three.player) : clickPrevious(three.player);
+        CHECK(commandsSent() == Commands{"Stop mpeg"});
+        CHECK(three.player.status() == "Paused");
+        CHECK(pauseKeysAreUp(three.player));
+    }
+}
+
+TEST_CASE("previous with a single track that is not selected starts nothing, not even the clock") {
+    Player player;
+    player.start();
+    player.addTracks({A});
+    clickPrevious(player);
+    CHECK(player.list().ListIndex() == -1);
+    CHECK(commandsSent().empty());
+    CHECK_FALSE(player.frmPlayer().Timer1.Enabled());
 }
 
 TEST_CASE("previous walks backwards and wraps from the first to the last, whatever the switches") {
@@ -340,144 +370,4 @@ TEST_CASE("a switch leaves the playing track alone") {
     clickShuffle(three.player);
     CHECK(commandsSent().empty());
     CHECK(three.player.status() == "Playing");
-}
-
-namespace {
-
-struct AfterStop {
-    bool time;
-    bool thumb;
-    const char* playing;
-    const char* title;
-};
-
-void checkAfterStop(Player& player, const AfterStop& expected) {
-    CHECK(player.status() == "Idle");
-    CHECK_FALSE(world.media.open());
-    CHECK(player.frmPlayer().lblTimenow.Visible() == expected.time);
-    CHECK(player.frmPlayer().pctprogressbar.Visible() == expected.thumb);
-    CHECK(player.frmPlaylist().lblPlaying.Caption() == expected.playing);
-    CHECK(player.frmPlaylist().lblTitle.Caption() == expected.title);
-}
-
-void stopFromTray() {
-    world.menus.choose("Stop");
-    world.tray.clickRight();
-}
-
-} // namespace
-
-TEST_CASE("stop in the tray menu hides the thumb only") {
-    ThreeTracks three(0);
-    simulated::advance(10'000);
-    world.media.forgetCommands();
-    stopFromTray();
-    CHECK(commandsSent() == stopAndClose);
-    checkAfterStop(three.player, {true, false, "Playing", "10 / 200"});
-}
-
-TEST_CASE("stop on the main window hides time and thumb and empties the playlist's texts") {
-    ThreeTracks three(0);
-    simulated::advance(10'000);
-    world.media.forgetCommands();
-    clickStop(three.player);
-    CHECK(commandsSent() == stopAndClose);
-    checkAfterStop(three.player, {false, false, "", ""});
-    CHECK(three.form().pctstop.Visible());
-    CHECK_FALSE(three.form().pctstopdown.Visible());
-}
-
-TEST_CASE("stop on the playlist window does the same") {
-    ThreeTracks three(0);
-    simulated::advance(10'000);
-    world.media.forgetCommands();
-    clickPlaylistStop(three.player);
-    CHECK(commandsSent() == stopAndClose);
-    checkAfterStop(three.player, {false, false, "", ""});
-    CHECK(three.player.frmPlaylist().pctPlsStop.Visible());
-    CHECK_FALSE(three.player.frmPlaylist().pctPlsStopDown.Visible());
-}
-
-TEST_CASE("stop in the tray menu or on the main window while paused lifts the pause keys") {
-    for (const bool tray : {true, false}) {
-        CAPTURE(tray);
-        ThreeTracks three(0);
-        pauseInBothWindows(three.player);
-        if (tray)
-            stopFromTray();
-        else
-            clickStop(three.player);
-        CHECK(three.player.status() == "Idle");
-        CHECK(pauseKeysAreUp(three.player));
-    }
-}
-
-TEST_CASE("stop in the tray menu or on the main window lifts the pause keys even if it fails") {
-    for (const bool tray : {true, false}) {
-        CAPTURE(tray);
-        ThreeTracks three(0);
-        pauseInBothWindows(three.player);
-        world.media.fail("stop");
-        if (tray)
-            stopFromTray();
-        else
-            clickStop(three.player);
-        CHECK(three.player.status() == "Paused");
-        CHECK(pauseKeysAreUp(three.player));
-    }
-}
-
-TEST_CASE("stop on the playlist window while paused ends play and leaves the pause keys pressed") {
-    ThreeTracks three(0);
-    pauseInBothWindows(three.player);
-    clickPlaylistStop(three.player);
-    CHECK(commandsSent() == stopAndClose);
-    CHECK(three.player.status() == "Idle");
-    CHECK(pauseKeysAreDown(three.player));
-}
-
-TEST_CASE("only a stop on the playlist window that fails lifts the pause keys") {
-    ThreeTracks three(0);
-    pauseInBothWindows(three.player);
-    world.media.fail("stop");
-    clickPlaylistStop(three.player);
-    CHECK(commandsSent() == Commands{"Stop mpeg"});
-    CHECK(three.player.status() == "Paused");
-    CHECK(pauseKeysAreUp(three.player));
-}
-
-TEST_CASE("no stop touches the timer, the seek offset or the thumb's place") {
-    const std::function<void(Player&)> stops[] = {[](Player&) { stopFromTray(); }, clickStop,
-                                                  clickPlaylistStop};
-    for (const auto& stop : stops) {
-        ThreeTracks three(0);
-        simulated::advance(100'000);
-        const toolkit::Twips left = three.form().pctprogressbar.Left();
-        const runtime::Fixed offset = three.form().seekOffset;
-        REQUIRE(left > 1500);
-        stop(three.player);
-        CHECK(three.form().Timer1.Enabled());
-        CHECK(three.form().pctprogressbar.Left() == left);
-        CHECK(three.form().pctprogressbardown.Left() == left);
-        CHECK(three.form().seekOffset == offset);
-    }
-}
-
-TEST_CASE("a stop without anything open stays quiet") {
-    Player player;
-    player.start();
-    clickStop(player);
-    CHECK(commandsSent() == Commands{"Stop mpeg"});
-    CHECK(player.status() == "Idle");
-    CHECK(world.messages.shown.empty());
-}
-
-TEST_CASE("the tick after a stop shows that the player is idle") {
-    ThreeTracks three(0);
-    simulated::advance(10'000);
-    clickStop(three.player);
-    REQUIRE(three.player.frmPlaylist().lblPlaying.Caption().empty());
-    simulated::advance(966);
-    CHECK(three.player.frmPlaylist().lblPlaying.Caption() == "Idle");
-    CHECK(three.player.frmPlaylist().lblTitle.Caption().empty());
 }

@@ -76,7 +76,7 @@ TEST_CASE("a default extension that isn't set reaches the system as an empty tex
     simulated::reset();
     COpenFileDialog().ShowOpen();
     CHECK(world.dialogs.opened.at(0).defaultExtension == "");
-    CHECK(world.dialogs.opened.at(0).title.empty());
+    CHECK(world.dialogs.opened.at(0).title == "");
 }
 
 TEST_CASE("a cancelled open dialog is false, leaves no name and shows no message") {

@@ -18,6 +18,7 @@ class OpenPlaylist : public Player {
     /// Tracks a.mp3, b.mp3, ... of 200 seconds, nothing selected.
     void addLetters(int count) {
         std::vector<std::string> paths;
+        paths.reserve(static_cast<std::size_t>(count));
         for (int n = 0; n < count; ++n)
             paths.push_back("C:\\Music\\" + std::string(1, static_cast<char>('a' + n)) + ".mp3");
         addTracks(paths);

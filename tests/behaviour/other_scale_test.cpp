@@ -67,3 +67,35 @@ TEST_CASE("thumb, slider and window take 15 twips for a pixel, whatever the scre
         CHECK(places.window.y == somewhere.y * twipsPerPixel / 15);
     }
 }
+
+TEST_CASE("the playlist takes 15 twips for a pixel as well, and so do its snap and its dock") {
+    // A pixel of 12 twips: 4140 twips are 345 pixels here, and drags take them for 276.
+    constexpr float twipsPerPixel = 12;
+    Player player;
+    world.desktop.workArea = {0, 0, 2000, 1500};
+    world.desktop.twipsPerPixelX = world.desktop.twipsPerPixelY = twipsPerPixel;
+    player.start();
+    toolkit::Form& main = player.frmPlayer().window;
+    toolkit::Form& list = player.frmPlaylist().window;
+    main.Left(15 * 600);
+    main.Top(15 * 600);
+    list.Left(15 * 300);
+    list.Top(15 * 200);
+    player.click(player.frmPlayer().pctplaylist);
+    const auto place = [&] { return simulated::window(player.playlistWindow()).position; };
+    REQUIRE(place() == platform::Point{375, 250});
+
+    simulated::pressAt(player.playlistWindow(), grip.x, grip.y);
+    const platform::Point cursor = world.desktop.cursor;
+    const auto moveBy = [&](int x, int y) { simulated::moveToScreen(cursor.x + x, cursor.y + y); };
+    moveBy(30, 20);
+    CHECK(place() == platform::Point{330, 220});
+    CHECK(simulated::window(player.playlistWindow()).size == platform::Size{276, 82});
+    moveBy(1410, 20); // 1710 and 276 are 14 short of the right edge
+    CHECK(place() == platform::Point{1724, 220});
+    // The main window's edge is taken for 600 pixels, the playlist's lower one for 82 further down.
+    moveBy(310, 600 - 82 - 10 - 200);
+    CHECK(place() == platform::Point{600, 518});
+    CHECK(player.frmPlaylist().playlistdockX);
+    simulated::release();
+}

@@ -7,9 +7,11 @@ using simulated::world;
 
 namespace {
 
+/// A key that springs back, and the first thing that its release sets off.
 struct KeyPair {
     toolkit::Image& up;
     toolkit::Image& down;
+    const char* setsOff = "send Stop mpeg";
 };
 
 std::vector<KeyPair> springingKeys(FrmPlaylist& form) {
@@ -17,7 +19,7 @@ std::vector<KeyPair> springingKeys(FrmPlaylist& form) {
             {form.pctPlsNext, form.pctPlsNextDown},
             {form.pctPlsStop, form.pctPlsStopDown},
             {form.pctPlsPlay, form.pctPlsPlayDown},
-            {form.pctPlsOpen, form.pctPlsOpenDown}};
+            {form.pctPlsOpen, form.pctPlsOpenDown, "open menu"}};
 }
 
 } // namespace
@@ -35,6 +37,28 @@ TEST_CASE("every key of the playlist goes down at the press and up at the releas
         simulated::release();
         CHECK(key.up.Visible());
         CHECK_FALSE(key.down.Visible());
+    }
+}
+
+TEST_CASE("a key of the playlist springs back before it acts, but for the open key") {
+    for (const std::size_t n : {0U, 1U, 2U, 3U, 4U}) {
+        OpenPlaylist player;
+        player.playLetters(3);
+        const KeyPair key = springingKeys(player.frmPlaylist())[n];
+        CAPTURE(key.up.name());
+        player.press(key.up);
+        bool acted = false;
+        bool sunkThen = false;
+        world.watch = [&](const std::string& note) {
+            if (acted || note != key.setsOff) return;
+            acted = true;
+            sunkThen = key.down.shown() && !key.up.shown();
+            CHECK(key.down.shown() != key.up.shown());
+        };
+        simulated::release();
+        world.watch = nullptr;
+        CHECK(acted);
+        CHECK(sunkThen == (&key.up == &player.form.pctPlsOpen));
     }
 }
 
@@ -159,6 +183,25 @@ TEST_CASE("the playlist's pause latches at the press and ends at the next press"
     simulated::release();
     simulated::advance(966);
     CHECK(form.lblPlaying.Caption() == "Playing");
+}
+
+TEST_CASE("the playlist's pause key moves before the device is told, unlike the main window's") {
+    OpenPlaylist player;
+    player.playLetters(1);
+    FrmPlaylist& form = player.form;
+    simulated::advance(966);
+    std::string downThen;
+    world.watch = [&](const std::string& note) {
+        if (!note.starts_with("send ")) return;
+        CHECK(form.pctPlsPause.shown() != form.pctPlsPauseDown.shown());
+        downThen = note + (form.pctPlsPauseDown.shown() ? ": down, " : ": up, ") +
+                   form.lblPlaying.Caption();
+    };
+    player.click(form.pctPlsPause);
+    CHECK(downThen == "send Pause mpeg: down, Playing");
+    player.click(form.pctPlsPauseDown);
+    CHECK(downThen == "send Resume mpeg: up, Paused");
+    world.watch = nullptr;
 }
 
 TEST_CASE("the playlist's pause does nothing while nothing plays") {

@@ -1,3 +1,4 @@
+#include "mainwindow/time_text.h"
 #include "tests/behaviour/player.h"
 #include "tests/behaviour/strip_rows.h"
 
@@ -89,6 +90,94 @@ TEST_CASE("with nothing playing the strip neither seeks nor drags") {
     }
 }
 
+TEST_CASE("after a stop the strip is dead, at the hidden thumb's place too") {
+    for (const int x : {5, leftOfThumb, 130, 250}) {
+        CAPTURE(x);
+        Player player;
+        playHalfway(player);
+        player.click(player.frmPlayer().pctstop);
+        world.media.forgetCommands();
+        const platform::Point before = simulated::window(player.mainWindow()).position;
+        simulated::pressAt(player.mainWindow(), x, strip::MiddleRow);
+        simulated::moveToScreen(700, 600);
+        simulated::release();
+        CHECK(commandsSent().empty());
+        CHECK(simulated::window(player.mainWindow()).position == before);
+        CHECK(player.frmPlayer().pctprogressbar.Left() == 1850);
+        CHECK_FALSE(player.frmPlayer().mouseHeld);
+    }
+}
+
+TEST_CASE("after a stop that failed the strip seeks, its thumb hidden, even at the thumb's place") {
+    for (const int x : {leftOfThumb, 130}) {
+        CAPTURE(x);
+        Player player;
+        playHalfway(player);
+        world.media.fail("stop");
+        player.click(player.frmPlayer().pctstop);
+        REQUIRE(player.status() == "Playing");
+        REQUIRE_FALSE(player.frmPlayer().pctprogressbar.Visible());
+        world.media.forgetCommands();
+        clickStrip(player, x);
+        CHECK(sought(commandsSent()));
+        CHECK(player.frmPlayer().pctprogressbar.Left() == static_cast<float>(15 * x) - 232.5F);
+        CHECK_FALSE(player.frmPlayer().pctprogressbar.Visible());
+    }
+}
+
+TEST_CASE("a click at the left edge puts the thumb beyond it") {
+    Player player;
+    playHalfway(player);
+    clickStrip(player, 2);
+    CHECK(player.frmPlayer().pctprogressbar.Left() == -202.5F);
+    CHECK(player.frmPlayer().pctprogressbardown.Left() == -202.5F);
+    CHECK(player.frmPlayer().seekOffset == runtime::Fixed(-2052.5));
+}
+
+TEST_CASE("left of 472.5 twips a click asks for less than the start, and the tick puts it right") {
+    // Pixel 31 is 465 twips, pixel 32 is 480.
+    for (const int x : {31, 32}) {
+        CAPTURE(x);
+        Player player;
+        player.play({"C:\\Music\\a.mp3"});
+        simulated::advance(21 * 966);
+        FrmPlayer& form = player.frmPlayer();
+        const std::int64_t before = world.media.position();
+        REQUIRE(form.seekOffset == runtime::Fixed(static_cast<double>(before) / 200'000 * 3220));
+        world.media.forgetCommands();
+        clickStrip(player, x);
+        const Commands sent = commandsSent();
+        REQUIRE(sent.size() == 5);
+        const bool refused = x == 31;
+        CHECK(sent[1] == (refused ? "seek mpeg to -489" : "seek mpeg to 442"));
+        CHECK(world.media.position() == (refused ? before : 442));
+        CHECK(form.lblTimenow.Caption() == "-03:20");
+        CHECK(player.frmPlaylist().lblTitle.Caption() == "0 / 200");
+        simulated::advance(966);
+        const std::int64_t now = world.media.position();
+        CHECK(now == (refused ? before : 442) + 966);
+        CHECK(form.lblTimenow.Caption() ==
+              timeText(200, runtime::Fixed(static_cast<double>(now) / 1000), false));
+        CHECK(player.frmPlaylist().lblTitle.Caption() ==
+              std::to_string((now + 500) / 1000) + " / 200");
+    }
+}
+
+TEST_CASE("where the thumb stands after the yield decides between a seek and the next track") {
+    Player player;
+    playHalfway(player);
+    FrmPlayer& form = player.frmPlayer();
+    // A tick that is let through puts the thumb back on its bar.
+    simulated::post([&] {
+        world.media.reportPosition(190'000);
+        form.Timer1_Timer();
+    });
+    clickStrip(player, 250);
+    CHECK(player.list().ListIndex() == 0);
+    CHECK(sought(commandsSent()));
+    CHECK(form.pctprogressbar.Left() == 240 + 3059);
+}
+
 TEST_CASE("a click on the strip jumps by the distance from the thumb to the pointer") {
     Player player;
     playHalfway(player);
@@ -119,6 +208,9 @@ TEST_CASE("the distance counts from the thumb's place in whole twips") {
     form.pctprogressbar.Left(1850.5F); // halfway between: the even one counts
     clickStrip(player, 180);
     CHECK(form.seekOffset == runtime::Fixed(617.5));
+    form.pctprogressbar.Left(1850.6F);
+    clickStrip(player, 180);
+    CHECK(form.seekOffset == runtime::Fixed(616.5));
 }
 
 TEST_CASE("after a click on the strip the next tick puts the thumb where the track is") {

@@ -249,6 +249,100 @@ TEST_CASE("a thumb exactly at the end of its bar seeks") {
     }
 }
 
+TEST_CASE("a thumb that stands past the end skips, though the pointer is back") {
+    Player player;
+    playAt(player, 200'000, 50'000);
+    const Drag drag = pressThumbAt(player, 1000);
+    drag.by(200);
+    drag.by(10);
+    REQUIRE(player.frmPlayer().pctprogressbar.Left() == 4000);
+    world.media.forgetCommands();
+    simulated::release();
+    CHECK(player.list().ListIndex() == 1);
+    for (const std::string& command : commandsSent())
+        CHECK_FALSE(command.starts_with("seek"));
+}
+
+TEST_CASE("a drag by hand past the end of the last track without repeat leaves it playing") {
+    Player player;
+    playAt(player, 200'000, 50'000);
+    player.list().ListIndex(1);
+    FrmPlayer& form = player.frmPlayer();
+    const Drag drag = pressThumbAt(player, 1000);
+    for (int pixels = 10; pixels <= 200; pixels += 10)
+        drag.by(pixels);
+    CHECK(form.pctprogressbar.Left() > 3460);
+    world.media.forgetCommands();
+    simulated::release();
+    CHECK(commandsSent().empty());
+    CHECK(player.status() == "Playing");
+    CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
+    CHECK(player.list().ListIndex() == 1);
+    CHECK(form.pctprogressbar.Visible());
+    CHECK(form.Timer1.Enabled());
+}
+
+TEST_CASE("a thumb dragged far to the left goes beyond the window's edge") {
+    Player player;
+    playAt(player, 200'000, 50'000);
+    FrmPlayer& form = player.frmPlayer();
+    const Drag drag = pressThumbAt(player, 1000);
+    drag.by(-100);
+    drag.by(-100, 1);
+    CHECK(form.pctprogressbar.Left() == doctest::Approx(-500).epsilon(0.0001));
+    CHECK(form.pctprogressbardown.Left() == form.pctprogressbar.Left());
+    simulated::release();
+}
+
+TEST_CASE("the thumb's place at the press counts in whole twips, to the nearest") {
+    for (const float left : {1000.5F, 1000.6F}) {
+        CAPTURE(left);
+        Player player;
+        playAt(player, 200'000, 50'000);
+        const Drag drag = pressThumbAt(player, left);
+        drag.by(1);
+        CHECK(player.frmPlayer().pctprogressbar.Left() == (left == 1000.5F ? 1000 : 1001));
+        simulated::release();
+    }
+}
+
+TEST_CASE("half a thousandth of a position goes to the even thousandth, by an exact product") {
+    // In floating point these products lie beside the half.
+    const std::pair<std::int64_t, const char*> rows[] = {{5015, "seek mpeg to 502"},
+                                                         {5035, "seek mpeg to 504"},
+                                                         {20005, "seek mpeg to 2000"},
+                                                         {20035, "seek mpeg to 2004"}};
+    for (const auto& [units, seek] : rows) {
+        CAPTURE(units);
+        Player player;
+        playAt(player, 200'000, 50'000);
+        pressThumbAt(player, 1000);
+        player.frmPlayer().trackPositionSeconds = runtime::Fixed::fromUnits(units);
+        world.media.forgetCommands();
+        simulated::release();
+        CHECK(commandsSent().front() == seek);
+    }
+}
+
+TEST_CASE("the seek writes the time first, then asks for the length, then writes the counter") {
+    Player player;
+    playAt(player, 200'000, 50'000);
+    FrmPlayer& form = player.frmPlayer();
+    const Drag drag = pressThumbAt(player, 1000);
+    std::string timeThen;
+    std::string counterThen = "not asked";
+    world.watch = [&](const std::string& note) {
+        if (note != "send status mpeg length") return;
+        timeThen = form.lblTimenow.Caption();
+        counterThen = player.frmPlaylist().lblTitle.Caption();
+    };
+    drag.by(10);
+    world.watch = nullptr;
+    CHECK(timeThen == "-02:21");
+    CHECK(counterThen.empty());
+    simulated::release();
+}
+
 TEST_CASE("a drag past the end of the last track without repeat leaves it playing") {
     Player player;
     playAt(player, 200'000, 50'000);

@@ -169,6 +169,13 @@ TEST_CASE("the saved volume level is carried over, neither sent nor shown") {
     CHECK(lineAfterQuit(player) == "3*12345.5*2500**120*90*0*0**0*0*120*1320*\n");
 }
 
+TEST_CASE("without a wave device the volume thumb stands where it was saved") {
+    Player player;
+    world.sound.devices.clear();
+    startWith(player, "3*12345.5*2505**120*90*0*0**0*0*120*1320*");
+    CHECK(player.frmPlayer().pctvolume.Left() == 2505);
+}
+
 TEST_CASE("a saved volume thumb of exactly 0 is skipped") {
     Player exact;
     exact.frmPlayer().volumeThumbLeft = 77;

@@ -46,6 +46,19 @@ TEST_CASE("quitting takes the icon away, saves, stops the sound and ends the pro
     CHECK(world.messages.shown.empty());
 }
 
+TEST_CASE("the tray icon's object is there while the settings are written, and gone after it") {
+    Player player;
+    player.start();
+    bool thereThen = false;
+    world.watch = [&](const std::string& note) {
+        if (note == "replace " + file) thereThen = player.frmPlayer().gSysTray != nullptr;
+    };
+    simulated::closeByUser(player.mainWindow());
+    world.watch = nullptr;
+    CHECK(thereThen);
+    CHECK(player.frmPlayer().gSysTray == nullptr);
+}
+
 TEST_CASE("the quit key is up again before the program ends") {
     Player player;
     player.start();

@@ -11,6 +11,15 @@ namespace {
 
 const std::vector<std::string> none;
 
+/// Stops with nothing open, which hides the time and the thumb.
+void hideTimeAndThumb(Player& player) {
+    player.click(player.frmPlayer().pctstop);
+    REQUIRE_FALSE(player.frmPlayer().lblTimenow.Visible());
+    REQUIRE_FALSE(player.frmPlayer().pctprogressbar.Visible());
+    world.media.forgetCommands();
+}
+
+/// What a start that plays nothing shows all the same.
 void checkQuietStart(Player& player) {
     CHECK(world.messages.shown.empty());
     CHECK(player.frmPlayer().lblTimenow.Visible());
@@ -31,13 +40,54 @@ std::vector<std::string> playsOf(const std::vector<std::string>& commands) {
 
 TEST_CASE("starting a track opens it for the main window and plays it") {
     Player player;
-    player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+    player.start();
+    player.addTracks({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+    player.list().ListIndex(0);
+    hideTimeAndThumb(player);
+    player.frmPlayer().startfile();
     CHECK(player.status() == "Playing");
     CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
     const std::string open = world.media.commands().front();
     CHECK(open.find("parent " + std::to_string(player.mainWindow()) + " ") != std::string::npos);
     CHECK(player.frmPlayer().Timer1.Enabled());
     CHECK(player.frmPlayer().lblTimenow.Visible());
+    CHECK(player.frmPlayer().pctprogressbar.Visible());
+}
+
+TEST_CASE("after a stop play shows the time and the thumb again") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    hideTimeAndThumb(player);
+    player.click(player.frmPlayer().pctPlay);
+    CHECK(player.frmPlayer().lblTimenow.Visible());
+    CHECK(player.frmPlayer().pctprogressbar.Visible());
+}
+
+TEST_CASE(
+    "the time shows and the clock runs before play's dialog opens, the thumb shows after it") {
+    Player player;
+    player.start();
+    hideTimeAndThumb(player);
+    world.dialogs.cancelFiles([&] {
+        CHECK(player.frmPlayer().lblTimenow.Visible());
+        CHECK(player.frmPlayer().Timer1.Enabled());
+        CHECK_FALSE(player.frmPlayer().pctprogressbar.Visible());
+    });
+    player.click(player.frmPlayer().pctPlay);
+    CHECK(world.dialogs.opened.size() == 1);
+    CHECK(player.frmPlayer().pctprogressbar.Visible());
+}
+
+TEST_CASE("play with nothing selected puts the thumb back and forgets its offset") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    simulated::advance(50'000);
+    player.list().ListIndex(-1);
+    REQUIRE(player.frmPlayer().seekOffset > 0);
+    player.click(player.frmPlayer().pctPlay);
+    CHECK(player.frmPlayer().seekOffset == 0);
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+    CHECK(player.frmPlayer().pctprogressbardown.Left() == 240);
 }
 
 TEST_CASE("starting again while playing stops first and plays from the beginning") {
@@ -62,6 +112,7 @@ TEST_CASE("play on an empty list with the dialog cancelled stays quiet") {
     Player player;
     player.start();
     player.frmPlayer().pctprogressbar.Left(999);
+    hideTimeAndThumb(player);
     world.dialogs.cancelFiles();
     player.frmPlayer().startfile();
     CHECK(world.dialogs.opened.size() == 1);
@@ -72,6 +123,7 @@ TEST_CASE("play with entries and none selected stays quiet") {
     Player player;
     player.start();
     player.addTracks({"C:\\Music\\a.mp3"});
+    hideTimeAndThumb(player);
     player.frmPlayer().startfile();
     CHECK(world.dialogs.opened.empty());
     checkQuietStart(player);
@@ -192,6 +244,7 @@ TEST_CASE("a track that can't be opened is no error and leaves the player idle")
     player.start();
     player.addTracks({"C:\\Music\\a.mp3"});
     player.list().ListIndex(0);
+    hideTimeAndThumb(player);
     world.media.fail("open");
     player.frmPlayer().startfile();
     checkQuietStart(player);

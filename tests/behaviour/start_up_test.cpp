@@ -17,6 +17,15 @@ std::string numbered(const char* what, platform::WindowHandle window) {
     return std::string(what) + " window " + std::to_string(window);
 }
 
+/// What was asked for to cut windows, in order.
+std::vector<std::string> regionCalls() {
+    std::vector<std::string> calls;
+    for (const std::string& line : simulated::log())
+        if (line.find("region") != std::string::npos || line.starts_with("shape"))
+            calls.push_back(line);
+    return calls;
+}
+
 } // namespace
 
 TEST_CASE("a second copy exits in silence and drops its file") {
@@ -55,24 +64,47 @@ TEST_CASE("the main window shows, the volume is asked for, then both windows get
     CHECK(placeOf(numbered("show", player.playlistWindow())) == simulated::log().size());
 }
 
+TEST_CASE(
+    "the work area is read before the wave device is looked for, the shapes are cut after it") {
+    Player player;
+    world.sound.devices.clear();
+    world.desktop.workArea = {60, 30, 1000, 700};
+    world.messages.whileOpen([&] {
+        CHECK(player.program().workArea == platform::Rect{60, 30, 1000, 700});
+        CHECK(simulated::window(player.mainWindow()).visible);
+        CHECK_FALSE(simulated::window(player.playlistWindow()).visible);
+        CHECK_FALSE(simulated::window(player.mainWindow()).shape.has_value());
+        CHECK_FALSE(simulated::window(player.playlistWindow()).shape.has_value());
+    });
+    player.start();
+    REQUIRE(world.messages.shown.size() == 1);
+}
+
+TEST_CASE("the playlist is hidden once the main window shows, whatever showed it before") {
+    Player player;
+    world.watch = [&](const std::string& note) {
+        if (note == numbered("show", player.mainWindow())) player.frmPlaylist().window.Show();
+    };
+    player.start();
+    world.watch = nullptr;
+    CHECK(simulated::window(player.mainWindow()).visible);
+    CHECK_FALSE(simulated::window(player.playlistWindow()).visible);
+}
+
 TEST_CASE("the windows are cut by these regions, in this order, the first one left unused") {
     Player player;
     player.start();
-    std::vector<std::string> calls;
-    for (const std::string& line : simulated::log())
-        if (line.find("region") != std::string::npos || line.starts_with("shape"))
-            calls.push_back(line);
-    CHECK(calls == std::vector<std::string>{
-                       "round region 1 0 0 378 220 20 20",
-                       "round region 2 0 0 277 83 15 15",
-                       "region 3 0 15 276 82",
-                       "combine regions 3 2 3 2",
-                       numbered("shape", player.mainWindow()),
-                       "region 4 0 0 276 67",
-                       "round region 5 0 0 277 83 15 15",
-                       "combine regions 5 4 5 2",
-                       numbered("shape", player.playlistWindow()),
-                   });
+    CHECK(regionCalls() == std::vector<std::string>{
+                               "round region 1 0 0 378 220 20 20",
+                               "round region 2 0 0 277 83 15 15",
+                               "region 3 0 15 276 82",
+                               "combine regions 3 2 3 2",
+                               numbered("shape", player.mainWindow()),
+                               "region 4 0 0 276 67",
+                               "round region 5 0 0 277 83 15 15",
+                               "combine regions 5 4 5 2",
+                               numbered("shape", player.playlistWindow()),
+                           });
 }
 
 TEST_CASE("the tray icon is there before the main window and before the settings are read") {
@@ -151,6 +183,38 @@ TEST_CASE("the corners are as wide as the screen has twips per pixel") {
     CHECK(simulated::inShape(player.mainWindow(), 0, 12));
     CHECK(simulated::inShape(player.mainWindow(), 344, 101));
     CHECK_FALSE(simulated::inShape(player.mainWindow(), 345, 101));
+}
+
+TEST_CASE("each axis is cut by its own twips per pixel, and rounded where it is passed") {
+    struct Row {
+        float twipsX;
+        float twipsY;
+        const char* round;
+        const char* lower;
+        const char* upper;
+    };
+    const Row rows[] = {
+        // 4140 / 12 = 345, 1230 / 20 = 61.5: the even one, also one further and 20 less.
+        {12, 20, " 0 0 346 62 12 20", " 0 20 345 62", " 0 0 345 42"},
+        {20, 12, " 0 0 208 104 20 12", " 0 12 207 102", " 0 0 207 90"},
+        // 4140 / 8 = 517.5, 1230 / 8 = 153.75.
+        {8, 8, " 0 0 518 155 8 8", " 0 8 518 154", " 0 0 518 146"},
+        // 4140 / 7.5 = 552, 1230 / 7.5 = 164; a corner of 7.5 pixels is one of 8.
+        {7.5F, 7.5F, " 0 0 553 165 8 8", " 0 8 552 164", " 0 0 552 156"},
+    };
+    for (const Row& row : rows) {
+        CAPTURE(row.twipsX);
+        Player player;
+        world.desktop.twipsPerPixelX = row.twipsX;
+        world.desktop.twipsPerPixelY = row.twipsY;
+        player.start();
+        const std::vector<std::string> calls = regionCalls();
+        REQUIRE(calls.size() == 9);
+        CHECK(calls[1] == std::string("round region 2") + row.round);
+        CHECK(calls[2] == std::string("region 3") + row.lower);
+        CHECK(calls[5] == std::string("region 4") + row.upper);
+        CHECK(calls[6] == std::string("round region 5") + row.round);
+    }
 }
 
 TEST_CASE("a screen without twips per pixel is the fatal end") {

@@ -65,6 +65,24 @@ TEST_CASE("the counter takes the first answers, time and thumb the second") {
     CHECK(player.frmPlayer().pctprogressbar.Left() == 240 + 805);
 }
 
+TEST_CASE("a tick writes the counter before it asks again, and the time when it has all answers") {
+    Player player;
+    playOne(player, 200'000);
+    std::string counterThen;
+    std::string timeThen = "not asked";
+    int asked = 0;
+    world.watch = [&](const std::string& note) {
+        if (note != "send status mpeg length" || ++asked != 2) return;
+        counterThen = counter(player);
+        timeThen = timeNow(player);
+    };
+    tickAt(20'000);
+    world.watch = nullptr;
+    CHECK(counterThen == "20 / 200");
+    CHECK(timeThen.empty());
+    CHECK(timeNow(player) == "-03:00");
+}
+
 TEST_CASE("while idle or paused a tick asks the device nothing") {
     Player player;
     playOne(player, 200'000);

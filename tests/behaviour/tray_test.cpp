@@ -101,13 +101,15 @@ TEST_CASE("a double click and a right release are told, every other mouse code i
     for (std::int32_t code = 500; code <= 530; ++code) {
         icon.doubleClicks = icon.rightReleases = 0;
         world.tray.send(code);
+        CHECK(icon.tray.lastTrayMessage == code);
         CHECK(icon.doubleClicks == (code == 515 ? 1 : 0));
         CHECK(icon.rightReleases == (code == 517 ? 1 : 0));
     }
 }
 
-TEST_CASE("the codes are the same on a screen of 12 twips per pixel") {
-    for (const float twips : {12.0F, 15.0F, 20.0F, 7.5F}) {
+TEST_CASE("the codes are the same on a screen of any number of twips per pixel") {
+    // At 13.3 the quotient lies just below the code.
+    for (const float twips : {12.0F, 15.0F, 20.0F, 7.5F, 13.3F, 5.4F}) {
         Icon icon;
         world.desktop.twipsPerPixelX = twips;
         icon.load();
@@ -164,6 +166,7 @@ TEST_CASE("the pointer that moves over the icon brings about nothing") {
     for (int i = 0; i < 100; ++i)
         world.tray.send(512);
     CHECK(simulated::log().empty());
+    CHECK(player.frmPlayer().gSysTray->lastTrayMessage == 512);
 }
 
 TEST_CASE("without a tray the player runs all the same") {

@@ -210,6 +210,23 @@ TEST_CASE("a release that waits during a move ends the drag in the middle of it"
     CHECK(player.frmPlayer().volumeThumbLeft == 2760);
 }
 
+TEST_CASE("what waits runs in the moves at a stop as well") {
+    for (const int flick : {40, -40}) {
+        CAPTURE(flick);
+        Player player;
+        player.start();
+        Drag drag(player, 2700);
+        drag.to(flick);
+        for (int n = 0; n < 2; ++n) {
+            bool ran = false;
+            simulated::post([&] { ran = true; });
+            drag.to(flick);
+            CHECK(ran);
+        }
+        drag.release();
+    }
+}
+
 TEST_CASE("without a wave device the slider moves and its calls fail in silence") {
     Player player;
     world.sound.devices.clear();

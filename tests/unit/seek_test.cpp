@@ -53,3 +53,23 @@ TEST_CASE("a track without length can't be dragged through") {
     CHECK(errorOf([] { seek::draggedLeft(Fixed(1), Fixed(1), Fixed(0), 240); }) ==
           runtime::Overflow);
 }
+
+TEST_CASE("the dragged thumb's place is worked out in double precision and narrowed once") {
+    struct Row {
+        int length;
+        std::int64_t position; ///< ten-thousandths of a second
+        int pressLeft;
+        float left;
+    };
+    // Single precision anywhere on the way ends one step beside these.
+    const Row rows[] = {
+        {200, 10, 1000, 240.09609985351562F},    {200, 2230, 1000, 243.67030334472656F},
+        {187, 380, 1000, 187.90567016601562F},   {263, 1120, 1000, 423.4853210449219F},
+        {3000, 49220, 1000, 954.6216430664062F},
+    };
+    for (const Row& row : rows) {
+        CAPTURE(row.position);
+        CHECK(seek::draggedLeft(Fixed::fromUnits(row.position), Fixed(47.2), row.length,
+                                row.pressLeft) == row.left);
+    }
+}

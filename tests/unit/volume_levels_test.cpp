@@ -2,6 +2,7 @@
 #include "playback/volume_words.h"
 
 #include <doctest/doctest.h>
+#include <utility>
 
 TEST_CASE("each place of the volume thumb has its level and its word") {
     struct Row {
@@ -32,5 +33,15 @@ TEST_CASE("one pixel of travel is 810 levels, and both channels stay within two 
         const std::uint32_t right = word >> 16U;
         CHECK(left - right <= 2);
         CHECK((left == 2 * static_cast<std::uint32_t>(level) || left == right + 2));
+    }
+}
+
+TEST_CASE("a word above half counts as two less than its unsigned value") {
+    const std::pair<std::uint32_t, double> words[] = {
+        {0x00000000U, 0},          {0x7FFFFFFFU, 2147483647}, {0x80000000U, 2147483646},
+        {0x80008000U, 2147516414}, {0xFFFEFFFFU, 4294901757}, {0xFFFFFFFFU, 4294967293}};
+    for (const auto& [word, value] : words) {
+        CAPTURE(word);
+        CHECK(volume::percentOf(word) == value / 65537 / 2 / 32767 * 100);
     }
 }
