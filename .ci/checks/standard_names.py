@@ -17,8 +17,8 @@ NAMES = {
     "cfenv": "feclearexcept fegetround fesetround fetestexcept",
     "charconv": "chars_format from_chars to_chars",
     "chrono": "chrono chrono_literals",
-    "cmath": """ceil cos exp fabs floor fma fmod isfinite isinf isnan llround log lround nan nearbyint
-        pow round signbit sin sqrt trunc""",
+    "cmath": """ceil cos exp fabs floor fma fmod isfinite isinf isnan llround log log10
+        lround nan nearbyint pow round signbit sin sqrt trunc""",
     "compare": "partial_ordering strong_ordering weak_ordering",
     "concepts": """convertible_to derived_from floating_point integral invocable same_as
         signed_integral unsigned_integral""",

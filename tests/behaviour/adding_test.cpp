@@ -1,5 +1,6 @@
 #include "tests/behaviour/player.h"
 
+#include <string>
 #include <vector>
 
 using behaviour::commandsSent;

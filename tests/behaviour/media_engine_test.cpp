@@ -3,6 +3,12 @@
 
 #include "platform/system.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
 using behaviour::commandsSent;
 using behaviour::Player;
 using simulated::world;

@@ -2,6 +2,9 @@
 #include "tests/behaviour/strip_rows.h"
 
 #include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 using behaviour::commandsSent;
 using behaviour::Player;

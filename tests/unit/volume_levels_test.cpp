@@ -3,6 +3,8 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
+
 TEST_CASE("each place of the volume thumb has its level and its word") {
     struct Row {
         float left;
