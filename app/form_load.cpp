@@ -9,6 +9,10 @@
 #include "toolkit/dir_list_box.h"
 #include "toolkit/list_box.h"
 
+#include <memory>
+#include <string>
+#include <string_view>
+
 namespace {
 
 /// Whether a command-line tail names an MP3, judged by its last three characters, case aside.

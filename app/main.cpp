@@ -6,6 +6,9 @@
 #include "toolkit/bitmap.h"
 #include "toolkit/guard.h"
 
+#include <cstdint>
+#include <memory>
+
 namespace {
 
 /// Desktops show no larger one of a window, pixels.

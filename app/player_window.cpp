@@ -8,6 +8,8 @@
 #include "toolkit/list_box.h"
 #include "toolkit/window_table.h"
 
+#include <cstdint>
+
 namespace {
 
 using toolkit::Start::Hidden;

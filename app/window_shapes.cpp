@@ -4,6 +4,8 @@
 #include "runtime/rounding.h"
 #include "toolkit/screen.h"
 
+#include <cstdint>
+
 namespace {
 
 constexpr std::int32_t redrawNow = -1;

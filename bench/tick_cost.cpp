@@ -5,7 +5,9 @@
 #include "playback/Mpeg.h"
 
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
+#include <string>
 
 namespace {
 

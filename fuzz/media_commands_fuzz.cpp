@@ -1,7 +1,9 @@
 // Any text as a media command: read or refused, and every refusal has its sentence.
 #include "platform/media_commands.h"
 
+#include <cstdint>
 #include <cstdlib>
+#include <string_view>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);

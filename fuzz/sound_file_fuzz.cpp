@@ -2,6 +2,8 @@
 // later than that, or it does not open.
 #include "platform/linux/media/decoder.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <vector>

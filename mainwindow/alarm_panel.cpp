@@ -7,6 +7,8 @@
 #include "toolkit/app.h"
 #include "toolkit/event_loop.h"
 
+#include <string>
+
 namespace {
 
 std::string alarmText(const FrmPlayer& player) {

@@ -2,6 +2,8 @@
 
 #include "runtime/number_text.h"
 
+#include <cstdint>
+
 std::string timeText(runtime::Fixed length, runtime::Fixed position, bool showElapsed) {
     const runtime::Fixed time = showElapsed ? position : length - position;
     const std::int32_t seconds = runtime::roundToInt32(time).value() % 60;

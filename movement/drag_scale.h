@@ -4,6 +4,8 @@
 #include "runtime/integers.h"
 #include "toolkit/units.h"
 
+#include <cstdint>
+
 /// Between twips and the pixels of a drag. Every drag, of a window or a thumb, takes a pixel for 15
 /// twips, whatever the screen says.
 namespace drags {

@@ -2,6 +2,8 @@
 
 #include "runtime/rounding.h"
 
+#include <cstdint>
+
 namespace snap {
 namespace {
 

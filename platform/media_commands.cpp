@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <span>
+#include <system_error>
 #include <vector>
 
 namespace platform {

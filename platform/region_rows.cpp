@@ -1,8 +1,11 @@
 #include "platform/region_rows.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 namespace platform {
 namespace {

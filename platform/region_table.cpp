@@ -2,6 +2,7 @@
 
 #include "platform/regions.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace platform {

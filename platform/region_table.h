@@ -2,6 +2,7 @@
 
 #include "platform/region_rows.h"
 
+#include <cstdint>
 #include <optional>
 #include <unordered_map>
 

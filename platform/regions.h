@@ -2,6 +2,8 @@
 
 #include "platform/types.h"
 
+#include <cstdint>
+
 /// Shapes for windows, under the names and rules of the system's own calls. Interface thread only.
 namespace platform {
 

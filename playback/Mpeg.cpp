@@ -6,6 +6,8 @@
 #include "runtime/number_text.h"
 #include "runtime/rounding.h"
 
+#include <cstdint>
+
 namespace {
 
 using runtime::FixedText;

@@ -6,6 +6,7 @@
 #include "toolkit/painter.h"
 
 #include <cmath>
+#include <cstdint>
 
 namespace {
 

@@ -6,6 +6,8 @@
 #include "playback/Mpeg.h"
 #include "toolkit/msgbox.h"
 
+#include <string>
+
 namespace {
 
 /// The thumb back at the start of its bar, and the selected track in the device.

@@ -8,6 +8,8 @@
 #include "mainwindow/time_text.h"
 #include "playback/Mpeg.h"
 
+#include <string>
+
 namespace {
 
 /// The device is asked for each number twice, and its answers may differ.

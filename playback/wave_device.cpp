@@ -5,6 +5,8 @@
 #include "playback/volume_words.h"
 #include "toolkit/msgbox.h"
 
+#include <cstdint>
+
 namespace {
 
 /// How far each per cent of volume moves the thumb.

@@ -8,6 +8,9 @@
 #include "toolkit/dir_list_box.h"
 #include "toolkit/files.h"
 
+#include <cstdint>
+#include <string>
+
 namespace {
 
 constexpr std::int16_t pickedBufferSize = 16384;

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <iterator>
+#include <system_error>
 
 namespace runtime {
 namespace {

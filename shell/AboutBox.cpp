@@ -5,6 +5,10 @@
 #include "toolkit/bitmap.h"
 #include "toolkit/cursor.h"
 
+#include <cstdint>
+#include <string>
+#include <utility>
+
 namespace {
 
 // Places of the credits, in twips: where a pass starts, how far a tick moves them, where a pass

@@ -5,6 +5,8 @@
 #include "runtime/characters.h"
 #include "runtime/errors.h"
 
+#include <cstdint>
+
 namespace {
 
 /// Folders of the file system only, none below a domain, with a status line.

@@ -6,6 +6,8 @@
 #include "runtime/text.h"
 #include "toolkit/msgbox.h"
 
+#include <cstdint>
+
 bool COpenFileDialog::ShowOpen() {
     bool confirmed = false;
     try {

@@ -7,6 +7,8 @@
 #include "platform/system.h"
 #include "shell/AboutBox.h"
 
+#include <cstdint>
+
 namespace {
 
 /// How long the open key stays down after its menu has closed, ms.

@@ -2,6 +2,8 @@
 
 #include "toolkit/form.h"
 
+#include <utility>
+
 namespace toolkit {
 
 void Control::place(Form& form, std::string name, const Bounds& bounds, bool visible,

@@ -5,6 +5,8 @@
 #include "runtime/errors.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 namespace toolkit {
 namespace {

@@ -6,6 +6,9 @@
 #include "toolkit/guard.h"
 #include "toolkit/screen.h"
 
+#include <cstdint>
+#include <utility>
+
 namespace toolkit {
 
 Form::Form(FormData data) : data_(std::move(data)), bounds_(data_.bounds) {}

@@ -7,6 +7,7 @@
 #include "toolkit/timer.h"
 #include "toolkit/units.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>

@@ -2,6 +2,9 @@
 
 #include "toolkit/screen.h"
 
+#include <functional>
+#include <string>
+
 namespace toolkit {
 namespace {
 

@@ -5,6 +5,8 @@
 #include "toolkit/guard.h"
 #include "toolkit/screen.h"
 
+#include <cstdint>
+
 namespace toolkit {
 
 void HookWindow::add(Form& form) {

@@ -3,6 +3,7 @@
 #include "toolkit/painter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace toolkit {
 

@@ -1,6 +1,8 @@
 #include "toolkit/label.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 namespace toolkit {
 

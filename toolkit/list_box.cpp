@@ -4,6 +4,9 @@
 #include "runtime/text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string_view>
+#include <utility>
 
 namespace toolkit {
 namespace {

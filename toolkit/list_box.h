@@ -5,6 +5,7 @@
 #include "toolkit/control.h"
 #include "toolkit/painter.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 

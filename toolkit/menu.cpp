@@ -3,6 +3,9 @@
 #include "platform/window.h"
 #include "toolkit/form.h"
 
+#include <cstdint>
+#include <utility>
+
 namespace toolkit {
 namespace {
 

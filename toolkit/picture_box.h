@@ -3,6 +3,7 @@
 #include "toolkit/control.h"
 #include "toolkit/painter.h"
 
+#include <utility>
 #include <vector>
 
 namespace toolkit {

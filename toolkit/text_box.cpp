@@ -3,6 +3,7 @@
 #include "runtime/text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace toolkit {

@@ -4,6 +4,7 @@
 #include "toolkit/control.h"
 #include "toolkit/painter.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 

@@ -4,6 +4,9 @@
 #include "runtime/errors.h"
 #include "runtime/text_lines.h"
 
+#include <cstdint>
+#include <utility>
+
 namespace toolkit {
 namespace {
 

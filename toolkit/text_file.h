@@ -2,6 +2,7 @@
 
 #include "runtime/integers.h"
 
+#include <cstdint>
 #include <map>
 #include <string>
 

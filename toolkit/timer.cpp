@@ -4,6 +4,8 @@
 #include "toolkit/form.h"
 #include "toolkit/guard.h"
 
+#include <cstdint>
+
 namespace toolkit {
 
 Timer::~Timer() { detach(); }

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <string>
 #include <string_view>
 
 namespace platform {

@@ -7,6 +7,11 @@
 
 #include <QDir>
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
 namespace platform {
 
 namespace {

@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace platform {

@@ -2,6 +2,8 @@
 
 #include "platform/types.h"
 
+#include <cstdint>
+
 namespace platform {
 
 /// Hands a mouse code of the tray icon to a hook window. Nothing happens if there is none.

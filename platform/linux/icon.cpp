@@ -6,6 +6,9 @@
 #include <QIcon>
 #include <QPixmap>
 
+#include <cstdint>
+#include <vector>
+
 namespace platform {
 
 void setApplicationIcon(const std::vector<Picture>& sizes) {

@@ -6,6 +6,7 @@
 #include <langinfo.h>
 #include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale is POSIX's, not C++'s
 
+#include <cstdint>
 #include <string_view>
 
 namespace platform {

@@ -8,6 +8,10 @@
 #include <QMenu>
 #include <QMessageBox>
 
+#include <cstdint>
+#include <string>
+#include <vector>
+
 namespace platform {
 namespace {
 

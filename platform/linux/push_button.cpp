@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QPushButton>
 
+#include <functional>
 #include <utility>
 
 namespace platform {

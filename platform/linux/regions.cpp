@@ -4,6 +4,7 @@
 #include "platform/linux/window_widget.h"
 #include "platform/region_table.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace platform {

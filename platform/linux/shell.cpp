@@ -8,9 +8,12 @@
 #include <QStringList>
 #include <QSystemTrayIcon>
 
+#include <cstdint>
 #include <map>
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace platform {
 

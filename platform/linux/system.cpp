@@ -10,6 +10,7 @@
 #include <QScreen>
 
 #include <chrono>
+#include <cstdint>
 #include <cstring>
 #include <thread>
 

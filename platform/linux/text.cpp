@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace platform {

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QTimer>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <utility>

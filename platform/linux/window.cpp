@@ -5,9 +5,13 @@
 #include "platform/linux/window_widget.h"
 #include "platform/linux/x_server.h"
 
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace platform {
 namespace {

@@ -13,7 +13,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace platform {
 namespace {

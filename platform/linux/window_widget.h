@@ -9,6 +9,9 @@
 #include <QMouseEvent>
 #include <QWidget>
 
+#include <functional>
+#include <string>
+
 namespace platform {
 
 /// One top-level window on the screen. Its events come from Qt and go to the toolkit.

@@ -2,6 +2,7 @@
 
 #include "platform/simulated/world.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 

@@ -5,9 +5,11 @@
 #include "platform/simulated/world.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace simulated {
 namespace {

@@ -1,5 +1,8 @@
 #include "platform/window.h"
 
+#include <cstdint>
+#include <vector>
+
 namespace platform {
 
 void setApplicationIcon(const std::vector<Picture>&) {}

@@ -2,6 +2,9 @@
 #include "platform/simulated/world.h"
 #include "platform/window.h"
 
+#include <cstdint>
+#include <functional>
+#include <string>
 #include <utility>
 #include <vector>
 

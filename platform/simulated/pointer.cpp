@@ -4,6 +4,9 @@
 #include "platform/simulated/world.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 namespace simulated {
 namespace {

@@ -4,6 +4,7 @@
 #include "platform/simulated/world.h"
 
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <utility>
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// What the user does in menus, dialogs, message boxes and with the tray icon. Scripts are laid in

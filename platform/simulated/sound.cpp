@@ -1,6 +1,8 @@
 #include "platform/simulated/world.h"
 
+#include <cstdint>
 #include <cstdio>
+#include <string>
 
 namespace platform {
 namespace {

@@ -4,6 +4,7 @@
 #include "platform/simulated/world.h"
 #include "runtime/characters.h"
 
+#include <cstdint>
 #include <cstring>
 #include <string>
 

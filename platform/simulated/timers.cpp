@@ -2,7 +2,10 @@
 
 #include "platform/simulated/world.h"
 
+#include <cstdint>
+#include <functional>
 #include <utility>
+#include <vector>
 
 namespace platform {
 

@@ -4,6 +4,7 @@
 #include "platform/simulated/world.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace simulated {
 

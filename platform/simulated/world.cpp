@@ -1,6 +1,7 @@
 #include "platform/simulated/world.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace simulated {
 

@@ -3,6 +3,8 @@
 #include "platform/windows/utf16.h"
 #include "platform/windows/win32.h"
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace platform {

@@ -6,6 +6,12 @@
 #include "platform/windows/utf16.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 namespace platform {
 namespace {
 

@@ -1,6 +1,8 @@
 #include "platform/window.h"
 #include "platform/windows/handles.h"
 
+#include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <utility>

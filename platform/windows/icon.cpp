@@ -1,6 +1,9 @@
 #include "platform/window.h"
 #include "platform/windows/handles.h"
 
+#include <cstdint>
+#include <vector>
+
 namespace platform {
 
 /// The executable carries it.

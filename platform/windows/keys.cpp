@@ -2,6 +2,8 @@
 
 #include "platform/windows/utf16.h"
 
+#include <string>
+
 namespace platform {
 namespace {
 

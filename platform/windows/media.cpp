@@ -5,6 +5,7 @@
 #include "platform/windows/utf16.h"
 #include "platform/windows/winmm.h"
 
+#include <cstdint>
 #include <string>
 
 namespace platform {

@@ -5,6 +5,12 @@
 #include "platform/windows/utf16.h"
 #include "platform/windows/window_table.h"
 
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace platform {
 namespace {
 

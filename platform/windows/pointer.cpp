@@ -1,5 +1,6 @@
 #include "platform/windows/pointer.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace platform {

@@ -5,6 +5,9 @@
 #include "platform/windows/utf16.h"
 
 #include <algorithm>
+#include <functional>
+#include <memory>
+#include <utility>
 
 namespace platform {
 namespace {

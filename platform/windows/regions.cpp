@@ -2,6 +2,8 @@
 
 #include "platform/windows/handles.h"
 
+#include <cstdint>
+
 namespace platform {
 
 RegionHandle CreateRoundRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,

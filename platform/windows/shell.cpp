@@ -10,7 +10,9 @@
 #include "platform/windows/utf16.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace platform {

@@ -7,6 +7,7 @@
 #include "runtime/characters.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <vector>
 

@@ -2,6 +2,8 @@
 
 #include "platform/windows/handles.h"
 
+#include <cstdint>
+
 namespace platform {
 
 bool SystemParametersInfoA(std::uint32_t request, std::uint32_t parameter, Rect* area,

@@ -4,6 +4,10 @@
 #include "platform/windows/utf16.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace platform {
 namespace {

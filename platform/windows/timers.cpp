@@ -2,6 +2,8 @@
 
 #include "platform/windows/message_window.h"
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <utility>

@@ -6,6 +6,10 @@
 #include "platform/windows/window_table.h"
 
 #include <algorithm>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace platform {
 namespace {

@@ -5,6 +5,8 @@
 #include "platform/windows/push_button.h"
 #include "platform/windows/window_table.h"
 
+#include <cstdint>
+
 namespace platform {
 namespace {
 

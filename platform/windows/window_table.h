@@ -4,6 +4,7 @@
 #include "platform/windows/tooltip.h"
 #include "platform/windows/win32.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 

@@ -3,7 +3,13 @@
 #include "toolkit/painter.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
 #include <sstream>
+#include <string>
+#include <vector>
 
 using behaviour::commandsSent;
 using behaviour::Player;

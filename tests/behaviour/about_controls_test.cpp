@@ -7,6 +7,11 @@
 
 #include <doctest/doctest.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
 using simulated::world;
 using toolkit::TextBox;
 

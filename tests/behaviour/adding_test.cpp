@@ -1,5 +1,8 @@
 #include "tests/behaviour/adding.h"
 
+#include <string>
+#include <vector>
+
 using behaviour::commandsSent;
 using behaviour::fatalMessageOf;
 using behaviour::Player;

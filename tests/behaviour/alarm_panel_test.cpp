@@ -1,5 +1,9 @@
 #include "tests/behaviour/alarm_panel.h"
 
+#include <cstdint>
+#include <string>
+#include <vector>
+
 using behaviour::arm;
 using behaviour::clickSet;
 using behaviour::commandsSent;

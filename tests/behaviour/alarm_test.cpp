@@ -1,6 +1,11 @@
 #include "tests/behaviour/alarm_panel.h"
 #include "tests/behaviour/ticks.h"
 
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
 using behaviour::arm;
 using behaviour::clickSet;
 using behaviour::commandsSent;

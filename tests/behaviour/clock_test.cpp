@@ -1,5 +1,7 @@
 #include "tests/behaviour/ticks.h"
 
+#include <string>
+
 using namespace behaviour;
 using simulated::world;
 

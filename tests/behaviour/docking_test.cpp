@@ -1,5 +1,8 @@
 #include "tests/behaviour/window_pair.h"
 
+#include <string>
+#include <vector>
+
 using behaviour::Point;
 using behaviour::WindowPair;
 using simulated::world;

@@ -1,5 +1,8 @@
 #include "tests/behaviour/ticks.h"
 
+#include <string>
+#include <vector>
+
 using namespace behaviour;
 using simulated::world;
 

@@ -1,6 +1,8 @@
 #include "shell/COpenDirDialog.h"
 #include "tests/behaviour/player.h"
 
+#include <string>
+
 using behaviour::fatalMessageOf;
 using behaviour::Player;
 using simulated::world;

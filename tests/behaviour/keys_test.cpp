@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <string>
+#include <vector>
 
 using behaviour::commandsSent;
 using behaviour::endsTheProcess;

@@ -1,5 +1,8 @@
 #include "tests/behaviour/player.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <vector>
 using behaviour::Player;
 using simulated::world;
 

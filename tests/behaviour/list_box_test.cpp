@@ -6,6 +6,8 @@
 #include <doctest/doctest.h>
 #include <functional>
 #include <initializer_list>
+#include <string>
+#include <vector>
 
 using platform::Key;
 using platform::PointerButton;

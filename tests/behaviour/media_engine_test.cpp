@@ -3,7 +3,12 @@
 
 #include "platform/system.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <string>
+#include <utility>
+#include <vector>
 
 using behaviour::commandsSent;
 using behaviour::Player;

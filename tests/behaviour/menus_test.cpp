@@ -1,6 +1,8 @@
 #include "tests/behaviour/player.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 using behaviour::commandsSent;
 using behaviour::Player;

@@ -1,5 +1,11 @@
 #include "tests/behaviour/three_tracks.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
 using behaviour::commandsSent;
 using behaviour::Player;
 using simulated::world;

@@ -1,6 +1,10 @@
 #include "shell/COpenFileDialog.h"
 #include "tests/behaviour/player.h"
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 using behaviour::Player;
 using simulated::world;
 

@@ -1,6 +1,11 @@
 #include "shell/menus.h"
 #include "tests/behaviour/player.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
 using behaviour::commandsSent;
 using behaviour::Player;
 using behaviour::PointerButton;

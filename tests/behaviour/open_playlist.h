@@ -2,6 +2,9 @@
 
 #include "tests/behaviour/player.h"
 
+#include <string>
+#include <vector>
+
 namespace behaviour {
 
 /// A started player with its playlist open, driven by the pointer and the keyboard.

@@ -1,5 +1,8 @@
 #include "tests/behaviour/open_playlist.h"
 
+#include <string>
+#include <vector>
+
 using behaviour::commandsSent;
 using behaviour::OpenPlaylist;
 using behaviour::PointerButton;

@@ -1,5 +1,7 @@
 #include "tests/behaviour/window_pair.h"
 
+#include <string>
+
 using behaviour::Point;
 using behaviour::WindowPair;
 using simulated::world;

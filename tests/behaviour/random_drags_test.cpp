@@ -1,8 +1,12 @@
 #include "tests/behaviour/window_pair.h"
 #include "tests/movement/oracle.h"
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <random>
 #include <sstream>
+#include <string>
 
 using behaviour::Point;
 using behaviour::WindowPair;

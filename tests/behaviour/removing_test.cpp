@@ -1,5 +1,10 @@
 #include "tests/behaviour/open_playlist.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
 using behaviour::commandsSent;
 using behaviour::OpenPlaylist;
 using simulated::world;

@@ -3,6 +3,9 @@
 #include "tests/behaviour/strip_rows.h"
 
 #include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 using behaviour::commandsSent;
 using behaviour::Player;

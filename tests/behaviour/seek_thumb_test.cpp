@@ -1,6 +1,9 @@
 #include "tests/behaviour/player.h"
 
 #include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 using behaviour::commandsSent;
 using behaviour::fatalMessageOf;

@@ -2,7 +2,10 @@
 
 #include "tests/behaviour/player.h"
 
+#include <cstddef>
 #include <functional>
+#include <string>
+#include <vector>
 
 using behaviour::fatalMessageOf;
 using behaviour::Player;

@@ -1,6 +1,9 @@
 #include "tests/behaviour/player.h"
 
 #include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
 
 using behaviour::commandsSent;
 using behaviour::fatalMessageOf;

@@ -1,6 +1,9 @@
 #include "runtime/text.h"
 #include "tests/behaviour/player.h"
 
+#include <string>
+#include <vector>
+
 using behaviour::commandsSent;
 using behaviour::Player;
 using runtime::fileTitleOf;

@@ -1,6 +1,9 @@
 #include "tests/behaviour/player.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
 
 using behaviour::Player;
 using simulated::world;

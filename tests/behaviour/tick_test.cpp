@@ -1,6 +1,10 @@
 #include "mainwindow/time_text.h"
 #include "tests/behaviour/ticks.h"
 
+#include <cstdint>
+#include <string>
+#include <vector>
+
 using namespace behaviour;
 using runtime::Fixed;
 using simulated::world;

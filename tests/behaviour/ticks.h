@@ -2,6 +2,8 @@
 
 #include "tests/behaviour/player.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 /// What the tests of the clock share: short tracks, single ticks, and what the player shows.

@@ -9,9 +9,12 @@
 #include "toolkit/picture_box.h"
 #include "toolkit/timer.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 using platform::PointerButton;

@@ -2,6 +2,11 @@
 #include "tests/behaviour/player.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string>
+#include <utility>
 
 using behaviour::Player;
 using simulated::world;

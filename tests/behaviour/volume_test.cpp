@@ -1,5 +1,9 @@
 #include "tests/behaviour/player.h"
 
+#include <cstdint>
+#include <string>
+#include <vector>
+
 using behaviour::Player;
 using platform::PointerButton;
 using simulated::world;

@@ -1,5 +1,7 @@
 #include "tests/behaviour/player.h"
 
+#include <string>
+
 using behaviour::commandsSent;
 using behaviour::Player;
 using platform::Point;

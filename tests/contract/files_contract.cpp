@@ -4,8 +4,11 @@
 #include "tests/contract/world.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <doctest/doctest.h>
+#include <string>
+#include <vector>
 
 TEST_CASE("a file reads back as it was written") {
     const std::string path = contract::scratchFolder() + "\\settings.mps";

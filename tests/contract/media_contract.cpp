@@ -2,6 +2,7 @@
 #include "platform/system.h"
 #include "tests/contract/world.h"
 
+#include <cstdint>
 #include <cstring>
 #include <doctest/doctest.h>
 #include <string>

@@ -4,9 +4,11 @@
 
 #include <doctest/doctest.h>
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 using namespace platform;
 

@@ -2,7 +2,9 @@
 #include "platform/window.h"
 #include "tests/contract/world.h"
 
+#include <cstdint>
 #include <doctest/doctest.h>
+#include <string>
 #include <vector>
 
 using namespace platform;

@@ -4,6 +4,8 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
+
 using contract::Timer;
 
 TEST_CASE("a timer ticks again and again") {

@@ -1,5 +1,7 @@
 #include "tests/contract/world.h"
 
+#include <utility>
+
 namespace contract {
 
 Window::Window() : Window(platform::WindowEvents()) {}

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 
 /// What the contract tests need of the world around the seam; each platform has its own source.
 namespace contract {

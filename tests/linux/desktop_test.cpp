@@ -6,8 +6,10 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <utility>

@@ -13,8 +13,10 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 
 using namespace std::string_literals;
 using platform::fromHost;

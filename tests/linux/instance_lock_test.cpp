@@ -4,6 +4,7 @@
 #include <doctest/doctest.h>
 
 #include <csignal>
+#include <filesystem>
 #include <string>
 
 #include <sys/stat.h>

@@ -2,6 +2,8 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
+
 using platform::OwnMoves;
 
 TEST_CASE("every place of a drag is an echo when it comes back, in any order and number") {

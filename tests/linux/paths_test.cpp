@@ -6,6 +6,7 @@
 
 #include <random>
 #include <string>
+#include <string_view>
 
 using platform::fromHost;
 using platform::leadingCharacterLength;

@@ -6,6 +6,7 @@
 #include <doctest/doctest.h>
 
 #include <array>
+#include <cstdint>
 #include <string>
 
 namespace {

@@ -5,6 +5,7 @@
 #include "platform/linux/media/volume_words.h"
 
 #include <array>
+#include <cstdint>
 #include <cstring>
 #include <doctest/doctest.h>
 #include <thread>

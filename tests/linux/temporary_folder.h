@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <system_error>
 
 #include <stdlib.h> // NOLINT(modernize-deprecated-headers): mkdtemp is POSIX's, not C++'s
 

@@ -4,8 +4,12 @@
 
 #include <doctest/doctest.h>
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <random>
 #include <sstream>
+#include <string>
 
 using oracle::Across;
 using oracle::Axis;

@@ -3,6 +3,10 @@
 
 #include <doctest/doctest.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
 using pictures::number;
 
 namespace {

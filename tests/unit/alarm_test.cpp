@@ -1,5 +1,7 @@
 #include "mainwindow/alarm.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <vector>
 

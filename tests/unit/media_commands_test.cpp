@@ -1,8 +1,10 @@
 #include "platform/media_commands.h"
 
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <set>
 #include <string>
+#include <string_view>
 
 using namespace platform;
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <doctest/doctest.h>
 #include <limits>
+#include <string>
 
 using runtime::leadingNumber;
 using runtime::numberOf;

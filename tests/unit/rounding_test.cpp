@@ -3,6 +3,7 @@
 
 #include <cfenv>
 #include <cmath>
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <limits>
 

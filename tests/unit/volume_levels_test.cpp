@@ -4,6 +4,8 @@
 #include <doctest/doctest.h>
 #include <utility>
 
+#include <cstdint>
+
 TEST_CASE("each place of the volume thumb has its level and its word") {
     struct Row {
         float left;

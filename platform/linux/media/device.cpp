@@ -3,6 +3,7 @@
 #include "platform/linux/short_names.h"
 
 #include <algorithm>
+#include <chrono>
 #include <new>
 #include <utility>
 

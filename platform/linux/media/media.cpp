@@ -4,6 +4,7 @@
 #include "platform/linux/media/stream_volume.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 

@@ -4,6 +4,7 @@
 #include "platform/linux/media/music_tags.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace platform::media {
 namespace {

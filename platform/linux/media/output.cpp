@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstddef>
 #include <pulse/pulseaudio.h>
+#include <string>
 
 namespace platform::media {
 namespace {

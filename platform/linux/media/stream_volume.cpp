@@ -2,6 +2,7 @@
 
 #include "platform/linux/media/volume_words.h"
 
+#include <chrono>
 #include <pulse/ext-stream-restore.h>
 #include <pulse/pulseaudio.h>
 #include <string_view>

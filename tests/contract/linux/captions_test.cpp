@@ -2,6 +2,7 @@
 #include "tests/contract/world.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <string>
 

@@ -10,6 +10,9 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <cstdint>
+#include <string>
+#include <utility>
 #include <vector>
 
 using namespace platform;

@@ -6,6 +6,7 @@
 
 #include <doctest/doctest.h>
 
+#include <utility>
 #include <vector>
 
 using namespace platform;

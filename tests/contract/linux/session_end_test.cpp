@@ -5,6 +5,7 @@
 
 #include <doctest/doctest.h>
 
+#include <functional>
 #include <utility>
 
 using namespace platform;

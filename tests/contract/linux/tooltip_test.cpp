@@ -6,6 +6,8 @@
 
 #include <QToolTip>
 
+#include <cstdint>
+
 using namespace platform;
 using contract::xdotool;
 

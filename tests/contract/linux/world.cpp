@@ -15,11 +15,15 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
+#include <string>
+#include <system_error>
 #include <thread>
 
 #include <unistd.h>

@@ -4,6 +4,7 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <vector>

@@ -7,6 +7,8 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 

@@ -4,6 +4,7 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
 #include <cstring>
 #include <stdexcept>
 #include <string>

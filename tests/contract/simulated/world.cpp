@@ -2,6 +2,10 @@
 
 #include "tests/contract/world.h"
 
+#include <cstdint>
+#include <functional>
+#include <string>
+
 namespace contract {
 namespace {
 

@@ -5,6 +5,9 @@
 
 #include <doctest/doctest.h>
 
+#include <string>
+#include <string_view>
+
 using platform::selectionIn;
 using platform::writeCharacters;
 using namespace std::string_view_literals;

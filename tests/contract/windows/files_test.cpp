@@ -8,6 +8,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
+#include <string>
+#include <vector>
 
 namespace {
 

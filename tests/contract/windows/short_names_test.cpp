@@ -11,6 +11,7 @@
 #include <doctest/doctest.h>
 
 #include <fstream>
+#include <string>
 
 namespace {
 

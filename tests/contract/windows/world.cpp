@@ -5,12 +5,16 @@
 #include "tests/contract/tone.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
+#include <string>
 #include <string_view>
+#include <system_error>
 
 namespace contract {
 namespace {

@@ -3,6 +3,7 @@
 #include "toolkit/bitmap.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <doctest/doctest.h>
 #include <filesystem>

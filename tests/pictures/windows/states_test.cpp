@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <string>
+#include <utility>
+#include <vector>
 
 using behaviour::Player;
 

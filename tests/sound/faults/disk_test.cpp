@@ -4,8 +4,11 @@
 #include "tests/sound/support/sound_server.h"
 #include "tests/sound/support/stalled_file.h"
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <doctest/doctest.h>
+#include <string>
 
 using namespace sound_test;
 

@@ -3,9 +3,12 @@
 #include "tests/sound/support/sound_server.h"
 
 #include <chrono>
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <string>
 
 #include <fcntl.h>
 #include <sys/resource.h>

@@ -6,6 +6,9 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
+#include <string>
+
 using namespace sound_test;
 
 namespace {

@@ -6,12 +6,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <random>
 #include <set>
+#include <string>
+#include <vector>
 
 using namespace platform;
 using namespace sound_test;

@@ -1,6 +1,7 @@
 #include "tests/sound/files/decoded.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <doctest/doctest.h>
 #include <random>

@@ -5,8 +5,13 @@
 #include "tests/sound/files/layer_one.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <random>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace platform;
 using namespace sound_test;

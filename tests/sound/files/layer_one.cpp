@@ -1,5 +1,6 @@
 #include "tests/sound/files/layer_one.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <random>
 

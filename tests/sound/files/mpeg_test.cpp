@@ -5,8 +5,13 @@
 #include "tests/sound/support/sound_files.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <doctest/doctest.h>
+#include <initializer_list>
 #include <random>
+#include <string>
+#include <utility>
 
 using namespace platform;
 using namespace sound_test;

@@ -4,9 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <numbers>
 #include <random>
+#include <string>
+#include <vector>
 
 using namespace platform;
 using namespace sound_test;

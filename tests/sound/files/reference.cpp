@@ -1,6 +1,7 @@
 #include "tests/sound/files/reference.h"
 
 #include <array>
+#include <cstddef>
 #include <cstring>
 #include <mpg123.h>
 #include <sndfile.h>

@@ -4,11 +4,15 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <doctest/doctest.h>
 #include <fstream>
 #include <random>
 #include <sndfile.h>
+#include <string>
+#include <vector>
 
 using namespace platform;
 using namespace sound_test;

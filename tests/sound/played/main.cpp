@@ -1,5 +1,6 @@
 #include "platform/media.h"
 
+#include <cstdint>
 #include <doctest/doctest.h>
 #include <string>
 

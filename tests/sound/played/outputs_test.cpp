@@ -4,6 +4,10 @@
 
 #include <doctest/doctest.h>
 
+#include <cstddef>
+#include <optional>
+#include <string>
+
 using namespace sound_test;
 
 namespace {

@@ -4,7 +4,11 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <doctest/doctest.h>
+#include <string>
+#include <vector>
 
 using namespace sound_test;
 

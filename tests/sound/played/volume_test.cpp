@@ -3,9 +3,11 @@
 #include "tests/sound/support/sound_files.h"
 #include "tests/sound/support/sound_server.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <doctest/doctest.h>
 #include <filesystem>
+#include <string>
 
 using namespace sound_test;
 

@@ -8,6 +8,7 @@
 #include <numbers>
 #include <random>
 #include <stdexcept>
+#include <system_error>
 
 #include <stdlib.h> // NOLINT(modernize-deprecated-headers): mkdtemp is POSIX's, not C++'s
 

@@ -7,11 +7,14 @@
 #include <chrono>
 #include <cmath>
 #include <csignal>
+#include <cstddef>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
+#include <system_error>
 #include <thread>
 
 #include <fcntl.h>
