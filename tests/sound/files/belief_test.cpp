@@ -3,6 +3,7 @@
 #include "platform/linux/media/decoder.h"
 #include "tests/sound/files/decoded.h"
 #include "tests/sound/files/layer_one.h"
+#include "tests/sound/support/patience.h"
 
 #include <algorithm>
 #include <cmath>
@@ -95,6 +96,17 @@ TEST_CASE("samples that have lost their header are not music") {
         }
     }
     CHECK(files == 140);
+}
+
+TEST_CASE("no long file of quiet samples is searched for long") {
+    Bytes samples =
+        bareSamples([](int i) { return i % 7 < 3 ? -0.00004 : -0.0002; }, 2, 2, Order::Big);
+    while (samples.size() < 8'000'000)
+        samples += samples;
+    const std::string path = write("quiet.mp3", samples);
+    Patience patience;
+    CHECK(patience([&] { return openError(path); }) == MediaError::NotAudio);
+    CHECK(patience.longest < 0.25);
 }
 
 TEST_CASE("programs and their libraries are not music") {
