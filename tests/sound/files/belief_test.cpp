@@ -3,10 +3,10 @@
 #include "platform/linux/media/decoder.h"
 #include "tests/sound/files/decoded.h"
 #include "tests/sound/files/layer_one.h"
-#include "tests/sound/support/patience.h"
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <doctest/doctest.h>
 #include <filesystem>
 #include <fstream>
@@ -42,7 +42,7 @@ std::vector<Wave> waves() {
         [](int i) { return 0.8 * std::sin(turn * i * (100 + i / 200.0) / 44100); },
         [=](int) { return 0.9 * dice(); },
         [=](int) { return 0.0003 * dice(); },
-        [=](int) { return 0.00005 * dice(); },
+        [=](int) { return 0.001 * dice(); },
         [=](int i) { return 0.01 * dice() + 0.5 * std::sin(turn * 60 * i / 44100); },
     };
 }
@@ -98,15 +98,15 @@ TEST_CASE("samples that have lost their header are not music") {
     CHECK(files == 140);
 }
 
-TEST_CASE("no long file of quiet samples is searched for long") {
-    Bytes samples =
-        bareSamples([](int i) { return i % 7 < 3 ? -0.00004 : -0.0002; }, 2, 2, Order::Big);
+TEST_CASE("a long file of quiet samples is not searched for long") {
+    Bytes samples = bareSamples(waves()[8], 2, 2, Order::Big);
     while (samples.size() < 8'000'000)
         samples += samples;
     const std::string path = write("quiet.mp3", samples);
-    Patience patience;
-    CHECK(patience([&] { return openError(path); }) == MediaError::NotAudio);
-    CHECK(patience.longest < 0.25);
+    // The processor's time: other programs don't count.
+    const std::clock_t start = std::clock();
+    CHECK(openError(path) == MediaError::NotAudio);
+    CHECK(std::clock() - start < CLOCKS_PER_SEC / 4);
 }
 
 TEST_CASE("programs and their libraries are not music") {
