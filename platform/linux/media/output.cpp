@@ -327,10 +327,14 @@ void Output::takeTiming(TimingAsked asked) {
     if (asked.corked != corked_ || mode_ == Mode::Still) return;
 
     const auto& format = track_->format();
-    std::int64_t heard =
-        (info->read_index - *streamStart_) / static_cast<std::int64_t>(format.bytesPerFrame());
-    if (corked_ == Corked::No)
-        heard -= static_cast<std::int64_t>(info->sink_usec) * format.rate / 1'000'000;
+    const auto frame = static_cast<std::int64_t>(format.bytesPerFrame());
+    std::int64_t heard = (info->read_index - *streamStart_) / frame;
+    if (corked_ == Corked::No) {
+        // What the output has yet to play; behind a dry run that is stillness first of all.
+        std::int64_t ahead = static_cast<std::int64_t>(info->sink_usec) * format.rate / 1'000'000;
+        if (info->playing == 0) ahead -= static_cast<std::int64_t>(info->since_underrun) / frame;
+        heard -= std::max<std::int64_t>(0, ahead);
+    }
     const bool running = corked_ == Corked::No && info->playing != 0;
     timeval clock{};
     pa_gettimeofday(&clock);

@@ -123,6 +123,17 @@ TEST_CASE("what the encoder put around the sound is left out") {
     CHECK(decoder.frames() == 220'500);
 }
 
+TEST_CASE("a first frame that only looks like an encoder's header sounds") {
+    Bytes frames = readAll(encode("first", noise(1000), "-b 128 -t"));
+    const std::string plain = write("plain.mp3", frames);
+    frames.replace(36, 12, Bytes("Xing\0\0\0\x01\0\0\0\x05", 12));
+    media::Decoder decoder;
+    REQUIRE(decoder.open(plain) == MediaError::None);
+    const std::int64_t whole = decoder.frames();
+    REQUIRE(decoder.open(write("looks.mp3", frames)) == MediaError::None);
+    CHECK(decoder.frames() == whole);
+}
+
 TEST_CASE("a header that claims more or fewer frames than there are does not decide") {
     const Bytes good = readAll(encode("honest", noise(4000), "-V 4"));
     const std::size_t mark = good.find("Xing");
