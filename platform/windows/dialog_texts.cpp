@@ -9,10 +9,10 @@ namespace platform {
 
 std::wstring wideTexts(const char* texts) {
     if (texts == nullptr) return {};
-    std::string_view all(texts, 0);
-    while (texts[all.size()] != '\0')
-        all = {texts, all.size() + std::string_view(texts + all.size()).size() + 1};
-    return toWide({texts, all.size() + 1});
+    std::size_t end = 0;
+    while (texts[end] != '\0')
+        end += std::string_view(texts + end).size() + 1;
+    return toWide({texts, end + 1});
 }
 
 std::wstring_view selectionIn(std::wstring_view buffer) {

@@ -114,7 +114,7 @@ std::wstring pathOfItem(LPCITEMIDLIST item) {
     constexpr DWORD longest = 32768;
     std::wstring path(longest, L'\0');
     if (SHGetPathFromIDListEx(item, path.data(), longest, GPFIDL_DEFAULT) == FALSE) return {};
-    return path.c_str();
+    return path.substr(0, path.find(L'\0'));
 }
 
 /// Size of the buffer that a chosen folder's path has to fit, in characters, its nul included.

@@ -28,6 +28,7 @@ struct Pressed {
     explicit Pressed(Point corner) {
         MoveWindow(window.handle, corner.x, corner.y, 120, 80, true);
         showWindow(window.handle, true);
+        contract::letPass(200); // the window manager may put it elsewhere first
     }
     ~Pressed() { mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0); }
     Pressed(const Pressed&) = delete;
