@@ -184,7 +184,7 @@ void Form::Show() {
 
 void Form::ShowModal() {
     load();
-    if (visible_) return;
+    if (visible_) return platform::showWindow(window_, true); // to the front
     visible_ = true;
     platform::showWindowModal(window_);
     visible_ = false;

@@ -1,5 +1,6 @@
 #include "platform/linux/file_dialogs.h"
 
+#include "platform/linux/kept_in_front.h"
 #include "platform/linux/paths.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
@@ -32,6 +33,7 @@ std::vector<std::string> runFileDialog(WindowHandle owner, const char* title,
     setUp(*dialog);
     QObject::connect(dialog, &QDialog::accepted, &loop, [&] { paths = chosenPaths(*dialog); });
     QObject::connect(dialog, &QObject::destroyed, &loop, &QEventLoop::quit);
+    const KeptInFront kept(*dialog);
     dialog->show();
     loop.exec();
     return paths;

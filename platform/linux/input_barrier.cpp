@@ -31,7 +31,7 @@ bool isInput(QEvent::Type type) {
 
 InputBarrier::InputBarrier(const std::vector<WindowWidget*>& barred, QWidget& front,
                            std::function<void()> lifted)
-    : front_(&front), lifted_(std::move(lifted)) {
+    : front_(&front), kept_(front), lifted_(std::move(lifted)) {
     front.installEventFilter(this);
     for (WindowWidget* const window : barred) {
         bar(*window);
@@ -53,7 +53,9 @@ bool InputBarrier::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() == QEvent::Hide && !event->spontaneous()) lift();
         return false;
     }
-    if (event->type() == QEvent::WindowActivate) bringToFront();
+    // A window that has the keyboard already isn't activated by a click.
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::MouseButtonPress)
+        bringDialogsToFront();
     if (!isInput(event->type())) return false;
     event->ignore(); // Qt closes a window whose closing was accepted
     return true;
@@ -65,18 +67,6 @@ void InputBarrier::lift() {
         if (widget != nullptr) widget->removeEventFilter(this);
     barred_.clear();
     lifted_();
-}
-
-void InputBarrier::bringToFront() {
-    QWidget* const front = front_;
-    if (front == nullptr) return;
-    const auto activate = [front] {
-        if (!front->isVisible()) return;
-        front->raise();
-        front->activateWindow();
-    };
-    // Not from inside the change of windows that is under way.
-    QMetaObject::invokeMethod(front, activate, Qt::QueuedConnection);
 }
 
 } // namespace platform

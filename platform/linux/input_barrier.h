@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/linux/kept_in_front.h"
+
 #include <QEvent>
 #include <QPointer>
 #include <QWidget>
@@ -24,9 +26,9 @@ class InputBarrier : public QObject {
   private:
     void bar(QWidget& widget);
     void lift();
-    void bringToFront();
 
     QPointer<QWidget> front_;
+    KeptInFront kept_;
     std::vector<QPointer<QWidget>> barred_; ///< windows and the push buttons in them
     std::function<void()> lifted_;
 };

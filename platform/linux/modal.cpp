@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <QMenu>
 #include <QMessageBox>
+#include <QProxyStyle>
 
 #include <cstdint>
 #include <string>
@@ -15,18 +16,29 @@
 namespace platform {
 namespace {
 
+/// A menu whose letters work without being underlined.
+class PlainMenus : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_UnderlineShortcut ? 0
+                                            : QProxyStyle::styleHint(hint, option, widget, more);
+    }
+};
+
 /// Captions without a mnemonic answer to their first letter.
 QString menuText(const std::string& caption) {
     const QString text = QString::fromStdString(caption);
     return text.contains(QLatin1Char('&')) ? text : QLatin1Char('&') + text;
 }
 
-void fillMenu(QMenu& menu, const std::vector<MenuItem>& items) {
+void fillMenu(QMenu& menu, const std::vector<MenuItem>& items, QStyle& style) {
+    menu.setStyle(&style);
     for (const MenuItem& item : items)
         if (item.children.empty())
             menu.addAction(menuText(item.caption))->setData(item.id);
         else
-            fillMenu(*menu.addMenu(menuText(item.caption)), item.children);
+            fillMenu(*menu.addMenu(menuText(item.caption)), item.children, style);
 }
 
 } // namespace
@@ -44,8 +56,9 @@ void showWindowModal(WindowHandle window) {
 }
 
 std::int32_t popupMenu(WindowHandle /*window*/, const std::vector<MenuItem>& items) {
+    PlainMenus style;
     QMenu menu;
-    fillMenu(menu, items);
+    fillMenu(menu, items, style);
     const QAction* const picked = menu.exec(QCursor::pos());
     return picked == nullptr ? 0 : picked->data().toInt();
 }

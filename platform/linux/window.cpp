@@ -34,9 +34,7 @@ Table& table() {
 
 /// While a desktop shows itself alone, no window that is shown can be seen.
 void leaveShowDesktop() {
-    const xcb_atom_t showing = x::atom("_NET_SHOWING_DESKTOP");
-    const auto value = x::property(x::root(), showing, XCB_ATOM_CARDINAL);
-    if (!value.empty() && value.front() != 0) x::askWindowManager(showing, x::root(), {});
+    if (x::isShowingDesktop()) x::askWindowManager(x::atom("_NET_SHOWING_DESKTOP"), x::root(), {});
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "platform/linux/window_widget.h"
 
+#include "platform/linux/kept_in_front.h"
 #include "platform/linux/keys.h"
 #include "platform/linux/picture_image.h"
 #include "platform/linux/press_place.h"
@@ -104,6 +105,7 @@ void WindowWidget::reveal() {
     show();
     raise();
     activateWindow();
+    bringDialogsToFront();
 }
 
 void WindowWidget::cut(const RegionRows& rows) {

@@ -6,6 +6,8 @@
 
 namespace platform::x {
 
+bool isThere() { return QGuiApplication::platformName() == QLatin1String("xcb"); }
+
 xcb_connection_t* server() {
     return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
 }
@@ -37,6 +39,19 @@ void askWindowManager(xcb_atom_t request, xcb_window_t window,
     xcb_send_event(server(), 0, root(),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    reinterpret_cast<const char*>(&event));
+}
+
+void setProperty(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
+                 const std::vector<std::uint32_t>& values) {
+    constexpr std::uint8_t bits = 32;
+    xcb_change_property(server(), XCB_PROP_MODE_REPLACE, window, name, type, bits,
+                        static_cast<std::uint32_t>(values.size()), values.data());
+}
+
+bool isShowingDesktop() {
+    if (!isThere()) return false;
+    const auto value = property(root(), atom("_NET_SHOWING_DESKTOP"), XCB_ATOM_CARDINAL);
+    return !value.empty() && value.front() != 0;
 }
 
 void awaitServer() {

@@ -19,6 +19,9 @@ struct FreeReply {
 template <class T>
 using Reply = std::unique_ptr<T, FreeReply>;
 
+/// Whether Qt draws on an X server; without one nothing else here may be called.
+bool isThere();
+
 xcb_connection_t* server();
 xcb_window_t root();
 
@@ -26,6 +29,13 @@ xcb_window_t root();
 xcb_atom_t atom(std::string_view name);
 /// Empty if there is no such atom.
 std::string nameOf(xcb_atom_t atom);
+
+/// Sets a window's property to 32-bit values.
+void setProperty(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
+                 const std::vector<std::uint32_t>& values);
+
+/// Whether the desktop shows itself alone, all windows cleared away. False without a server.
+bool isShowingDesktop();
 
 /// Sends the window manager a request about a window.
 void askWindowManager(xcb_atom_t request, xcb_window_t window,

@@ -1,4 +1,7 @@
 #include "platform/linux/hook.h"
+#include "platform/linux/window_table.h"
+#include "platform/linux/window_widget.h"
+#include "platform/linux/x_server.h"
 #include "platform/system.h"
 #include "platform/window.h"
 #include "tests/contract/linux/real_pointer.h"
@@ -8,8 +11,11 @@
 #include <doctest/doctest.h>
 
 #include <QApplication>
+#include <QImage>
+#include <QPixmap>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -79,6 +85,26 @@ TEST_CASE("a menu entry is picked with the pointer, where the menu came up") {
     CHECK(pick({"mousemove 260 190 click 1"}) == 1);
 }
 
+TEST_CASE("no letter of a menu is underlined") {
+    // Of letters without a part below the line the lowest row is that of all of them.
+    std::vector<int> lowest;
+    const Later later({"mousemove 900 600", "key Escape"});
+    const contract::Timer look(50, [&] {
+        const QWidget* const menu = QApplication::activePopupWidget();
+        if (menu == nullptr || !lowest.empty()) return;
+        const QImage image = QPixmap(const_cast<QWidget*>(menu)->grab()).toImage();
+        const int margin = 4; // of the menu's frame
+        const QRgb back = image.pixel(image.width() - margin, margin);
+        for (int y = image.height() - margin; y > margin && lowest.empty(); --y)
+            for (int x = margin; x < image.width() - margin; ++x)
+                if (image.pixel(x, y) != back) lowest.push_back(x);
+    });
+    const contract::Window window;
+    popupMenu(window.handle, {{"iiiiiiiiiiiiiiiiiiii", 1, {}}});
+    REQUIRE_FALSE(lowest.empty());
+    CHECK(lowest.back() - lowest.front() > 40);
+}
+
 TEST_CASE("a menu that is left by Escape or a click elsewhere picks nothing") {
     CHECK(pick({"key Escape"}) == 0);
     CHECK(pick({"mousemove 900 600 click 1"}) == 0);
@@ -125,6 +151,121 @@ TEST_CASE("a modal window keeps the pointer from its owner, and its close box is
 
     REQUIRE(xdotool("mousemove 240 180 click 1"));
     CHECK(contract::waitUntil([&] { return presses == 1; }));
+}
+
+namespace {
+
+/// What a dialog's frame offers, and the dialog itself, as the window manager has it.
+struct ShownBox {
+    Picture picture{200, 100, 0xFF40C040U};
+    WindowHandle handle = 0;
+
+    ShownBox() {
+        WindowOptions options;
+        options.title = "Lost";
+        options.frame = Frame::Dialog;
+        options.position = {500, 300};
+        options.size = {200, 100};
+        WindowEvents events;
+        events.paint = [this]() -> const Picture& { return picture; };
+        handle = createWindow(options, std::move(events));
+    }
+    ShownBox(const ShownBox&) = delete;
+    ShownBox& operator=(const ShownBox&) = delete;
+    ~ShownBox() { destroyWindow(handle); }
+};
+
+} // namespace
+
+TEST_CASE("a modal window that is made an icon is back at once") {
+    const contract::Window owner;
+    showWindow(owner.handle, true);
+    const ShownBox box;
+    int step = 0;
+    bool back = false;
+    const contract::Timer timer(50, [&] {
+        if (!contract::isShown(box.handle) || step != 0) return;
+        ++step;
+        contract::letPass(200);
+        xdotool("search --onlyvisible --name '^Lost$' windowminimize");
+        contract::letPass(300);
+        back = contract::waitUntil(
+            [&] { return contract::isShown(box.handle) && !contract::isMinimised(box.handle); });
+        showWindow(box.handle, false);
+    });
+    showWindowModal(box.handle);
+    CHECK(back);
+}
+
+TEST_CASE("a click on a window that a modal one bars brings the modal one to the front") {
+    Picture dark(120, 80, 0xFF101010U);
+    WindowEvents events;
+    events.paint = [&]() -> const Picture& { return dark; };
+    const contract::Window owner(std::move(events));
+    showWindow(owner.handle, true);
+    MoveWindow(owner.handle, 480, 300, 120, 80, true); // its right part lies over the box
+    const ShownBox box;
+    int step = 0;
+    bool covered = false;
+    bool inFront = false;
+    const auto overlap = [] { return contract::screenPixel({590, 370}); };
+    const contract::Timer timer(50, [&] {
+        if (!contract::isShown(box.handle) || step != 0) return;
+        ++step;
+        contract::letPass(200);
+        xdotool("search --onlyvisible --name '^Contract$' windowraise");
+        covered = contract::waitUntil([&] { return overlap() == Pixel{0xFF101010U}; });
+        xdotool("mousemove 485 310 click 1");
+        inFront = contract::waitUntil([&] { return overlap() == box.picture.pixels.front(); });
+        showWindow(box.handle, false);
+    });
+    showWindowModal(box.handle);
+    CHECK(covered);
+    CHECK(inFront);
+}
+
+TEST_CASE("showing a barred window leaves the modal one in front of it") {
+    Picture dark(120, 80, 0xFF101010U);
+    WindowEvents events;
+    events.paint = [&]() -> const Picture& { return dark; };
+    const contract::Window owner(std::move(events));
+    MoveWindow(owner.handle, 480, 300, 120, 80, true);
+    const ShownBox box;
+    int step = 0;
+    bool inFront = false;
+    const auto overlap = [] { return contract::screenPixel({590, 370}); };
+    const contract::Timer timer(50, [&] {
+        if (!contract::isShown(box.handle) || step != 0) return;
+        ++step;
+        contract::letPass(200);
+        showWindow(owner.handle, true);
+        contract::waitUntil([&] {
+            return contract::screenPixel({482, 305}) == Pixel{0xFF101010U};
+        });
+        contract::letPass(300);
+        inFront = overlap() == box.picture.pixels.front();
+        showWindow(box.handle, false);
+    });
+    showWindowModal(box.handle);
+    CHECK(inFront);
+}
+
+TEST_CASE("a dialog asks for a frame that neither minimises nor maximises it") {
+    const ShownBox box;
+    const contract::Window owner;
+    std::vector<std::uint32_t> hints;
+    const contract::Timer timer(50, [&] {
+        if (!contract::isShown(box.handle)) return;
+        const xcb_atom_t name = x::atom("_MOTIF_WM_HINTS");
+        hints = x::property(static_cast<xcb_window_t>(findWindow(box.handle)->winId()), name, name);
+        showWindow(box.handle, false);
+    });
+    showWindowModal(box.handle);
+    REQUIRE(hints.size() == 5);
+    constexpr std::uint32_t minimiseAndMaximise = 8 | 16;
+    constexpr std::uint32_t theirButtons = 32 | 64;
+    CHECK((hints[1] & minimiseAndMaximise) == 0);
+    CHECK((hints[2] & theirButtons) == 0);
 }
 
 TEST_CASE("the window manager's closing is told, and closes nothing by itself") {
