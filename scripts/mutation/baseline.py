@@ -1,0 +1,160 @@
+"""An unoptimised build of the quick suites, and what becomes of them with one change."""
+
+import json
+import pathlib
+import re
+import shlex
+import shutil
+import subprocess
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+BUILD = ROOT / "build" / "mutants"
+SUITES = ["unit", "movement", "behaviour", "pictures"]
+# The suite that knows most about a folder goes first.
+FIRST = {"runtime": "unit", "toolkit": "behaviour", "movement": "movement"}
+SLOW = 0.5  # seconds; such tests run last
+PATIENCE = 10  # times as long as without a change
+
+
+def run(command, **options):
+    return subprocess.run(command, capture_output=True, text=True, **options)
+
+
+def must(command):
+    done = run(command, cwd=ROOT)
+    if done.returncode:
+        raise SystemExit(f"{shlex.join(map(str, command))}\n{done.stdout}{done.stderr}")
+    return done.stdout
+
+
+class Suite:
+    """A test program: how it is linked, and its slow tests."""
+
+    def __init__(self, name):
+        self.name = name
+        self.program = BUILD / "tests" / name / name
+        commands = must(["ninja", "-C", BUILD, "-t", "commands", f"tests/{name}/{name}"])
+        line = next(line for line in reversed(commands.splitlines())
+                    if f"-o tests/{name}/{name} " in line)
+        self.link = shlex.split(line.split("&&")[1])
+        told = run([self.program, "-d", "-nc"]).stdout
+        seconds = {test: float(time)
+                   for time, test in re.findall(r"^([\d.]+) s: (.*)$", told, re.M)}
+        # Commas part the filters of doctest; a wildcard stands for those within a name.
+        self.slow = ",".join(test.replace(",", "?")
+                             for test, time in seconds.items() if time > SLOW)
+        self.seconds = sum(seconds.values())
+
+    def linked(self, objects, libraries, target):
+        """Links the program with these objects and libraries in place of its own."""
+        instead = {**objects, **libraries}
+        words = [str(instead.get(word, word)) for word in self.link]
+        words[words.index("-o") + 1] = str(target)
+        return run(words, cwd=BUILD)
+
+    def passes(self, program):
+        """Whether every test passes, the quick ones first; one that never ends does not."""
+        parts = [["-tce=" + self.slow], ["-tc=" + self.slow]] if self.slow else [[]]
+        try:
+            return all(run([program, "--abort-after=1", "-nc", *part],
+                           timeout=10 + PATIENCE * self.seconds).returncode == 0 for part in parts)
+        except subprocess.TimeoutExpired:
+            return False
+
+
+class Baseline:
+    def __init__(self):
+        linker = ["-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld"] if shutil.which("ld.lld") else []
+        must(["cmake", "-S", ROOT, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
+              "-DCMAKE_CXX_FLAGS=-O0 -w", "-DORVAN_BENCH=OFF",
+              f"-DCMAKE_PROJECT_orvan_INCLUDE={pathlib.Path(__file__).with_name('flags.cmake')}",
+              *linker])
+        must(["ninja", "-C", BUILD, *SUITES])
+        self.suites = {name: Suite(name) for name in SUITES}
+        for suite in self.suites.values():
+            if not suite.passes(suite.program):
+                raise SystemExit(f"{suite.name} fails before anything is changed")
+        self.compilers = {}
+        for entry in json.loads((BUILD / "compile_commands.json").read_text()):
+            name = pathlib.Path(entry["file"]).relative_to(ROOT).as_posix()
+            self.compilers[name] = shlex.split(entry["command"])
+        self.includers = self.read_dependencies()
+
+    def read_dependencies(self):
+        """For each header the sources that are compiled with it."""
+        includers = {}
+        objects = {command[command.index("-o") + 1]: name for name, command in self.compilers.items()}
+        source = None
+        for line in must(["ninja", "-C", BUILD, "-t", "deps"]).splitlines():
+            if line and not line.startswith(" "):
+                source = objects.get(line.split(":")[0])
+            elif line and source and line.strip().endswith(".h"):
+                header = (BUILD / line.strip()).resolve()
+                if header.is_relative_to(ROOT):
+                    includers.setdefault(header.relative_to(ROOT).as_posix(), set()).add(source)
+        return includers
+
+    def concerned(self, path):
+        """The sources to compile anew: of a header's all in the libraries, and the tests that name
+        it; the other tests only know it by way of others."""
+        if path.endswith(".cpp"):
+            return [path]
+        return sorted(
+            name for name in self.includers.get(path, ())
+            if name.split("/")[0] not in ("tests", "platform", "assets", "bench")
+            or (name.startswith(tuple(f"tests/{suite}/" for suite in SUITES))
+                and f'"{path}"' in (ROOT / name).read_text()))
+
+    def outcome_of(self, change):
+        with tempfile.TemporaryDirectory() as folder:
+            return self.outcome_in(pathlib.Path(folder), change)
+
+    def outcome_in(self, folder, change):
+        overlay = folder / change.path
+        overlay.parent.mkdir(parents=True)
+        overlay.write_text(change.applied((ROOT / change.path).read_text()))
+        objects = {}
+        for number, name in enumerate(self.concerned(change.path)):
+            # Named as in its library, where it takes the place of the other one.
+            made = folder / str(number) / f"{pathlib.Path(name).name}.o"
+            made.parent.mkdir()
+            if self.compiled(name, folder, made).returncode:
+                return "does not compile"
+            command = self.compilers[name]
+            objects[command[command.index("-o") + 1]] = made
+        libraries = self.with_objects(objects, folder)
+        first = FIRST.get(change.path.split("/")[0], "behaviour")
+        for name in sorted(SUITES, key=lambda suite: suite != first):
+            suite = self.suites[name]
+            program = folder / name
+            if suite.linked(objects, libraries, program).returncode:
+                return "does not compile"
+            if not suite.passes(program):
+                return "killed"
+            program.unlink()
+        return "survived"
+
+    def with_objects(self, objects, folder):
+        """Copies of the libraries that hold the objects, with these in place of what they had."""
+        libraries = {}
+        for place, made in objects.items():
+            home, _, rest = place.partition("/CMakeFiles/")
+            own = f"{home}/lib{rest.split('.dir/')[0]}.a"
+            if not (BUILD / own).exists():
+                continue  # of a test program
+            if own not in libraries:
+                libraries[own] = shutil.copy(BUILD / own, folder)
+            must(["ar", "r", libraries[own], made])
+        return libraries
+
+    def compiled(self, name, folder, made):
+        """Compiles a source, with what is changed in the folder put before everything else."""
+        command = list(self.compilers[name])
+        if command[0].endswith("ccache"):
+            del command[0]
+        command[command.index("-o") + 1] = str(made)
+        changed = folder / name
+        command[command.index("-c") + 1] = str(changed if changed.exists() else ROOT / name)
+        command[1:1] = [f"-I{folder}"]
+        return run(command, cwd=BUILD)
