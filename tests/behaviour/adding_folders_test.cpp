@@ -1,5 +1,7 @@
 #include "tests/behaviour/adding.h"
 
+#include <string>
+
 using behaviour::commandsSent;
 using behaviour::fatalMessageOf;
 using behaviour::Player;

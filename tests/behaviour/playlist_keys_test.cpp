@@ -1,6 +1,7 @@
 #include "tests/behaviour/open_playlist.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 using behaviour::commandsSent;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 using behaviour::commandsSent;
@@ -457,20 +458,6 @@ TEST_CASE("after a drag the next tick puts the thumb where the track is") {
     CHECK(form.trackPositionSeconds.toDouble() >= sought);
     CHECK(std::fabs(static_cast<double>(form.pctprogressbar.Left()) - (240 + share * 3220)) < 0.01);
     CHECK(form.seekOffset == runtime::Fixed(share * 3220));
-}
-
-TEST_CASE("a distance larger than the track's share leaves the thumb until the track catches up") {
-    Player player;
-    playAt(player, 200'000, 10'000);
-    FrmPlayer& form = player.frmPlayer();
-    form.seekOffset = 1000;
-    form.pctprogressbar.Left(2000);
-    simulated::advance(966);
-    CHECK(form.pctprogressbar.Left() == 2000);
-    CHECK(form.seekOffset == 1000);
-    world.media.reportPosition(70'000);
-    simulated::advance(966);
-    CHECK(form.pctprogressbar.Left() == 1367);
 }
 
 TEST_CASE("a thumb dragged along a track without length is the fatal end") {

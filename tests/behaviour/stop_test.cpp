@@ -1,5 +1,7 @@
 #include "tests/behaviour/three_tracks.h"
 
+#include <functional>
+
 using behaviour::commandsSent;
 using behaviour::Player;
 using simulated::world;

@@ -248,6 +248,21 @@ TEST_CASE("after a seek the first larger share takes the thumb, whatever the see
     CHECK(player.frmPlayer().pctprogressbar.Left() == 240 + 2415);
 }
 
+TEST_CASE("a distance larger than the track's share leaves the thumb until the track catches up") {
+    Player player;
+    playOne(player, 200'000);
+    world.media.reportPosition(10'000);
+    FrmPlayer& form = player.frmPlayer();
+    form.seekOffset = 1000;
+    form.pctprogressbar.Left(2000);
+    simulated::advance(966);
+    CHECK(form.pctprogressbar.Left() == 2000);
+    CHECK(form.seekOffset == 1000);
+    world.media.reportPosition(70'000);
+    simulated::advance(966);
+    CHECK(form.pctprogressbar.Left() == 1367);
+}
+
 TEST_CASE("pausing freezes the texts and the thumb, and the paused word stays") {
     Player player;
     playOne(player, 200'000);

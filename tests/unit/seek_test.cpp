@@ -2,6 +2,7 @@
 #include "tests/unit/error_of.h"
 
 #include <cmath>
+#include <cstdint>
 #include <doctest/doctest.h>
 
 using runtime::Fixed;
