@@ -8,6 +8,7 @@
 #include "toolkit/app.h"
 #include "toolkit/dir_list_box.h"
 #include "toolkit/list_box.h"
+#include "toolkit/menu.h"
 
 #include <memory>
 #include <string>
@@ -29,6 +30,7 @@ void showTrayIcon(FrmPlayer& player) {
     tray.LoadIcon(player.window);
     // The nul ends the tip, which would show the record's blanks otherwise.
     tray.ToolTip(std::string(toolkit::App::Title) + '\0');
+    toolkit::SetTrayMenu(player.mnuPopup);
     tray.IconInSysTray();
 }
 

@@ -97,8 +97,8 @@ void requestPaint(WindowHandle window);
 void paintNow(WindowHandle window);
 
 /// Puts a push button in a window, on top of its picture and for as long as the window lasts. It
-/// has the keyboard while its window has. `clicked` runs from the event loop and may end the
-/// window.
+/// has the keyboard while its window has; the space bar, Return and Escape click it. `clicked` runs
+/// from the event loop and may end the window.
 void createPushButton(WindowHandle window, const PushButton& button, std::function<void()> clicked);
 
 /// The tooltip of what is under the pointer now; empty for none. The platform shows it after its
@@ -124,6 +124,11 @@ struct MenuItem {
 
 /// Shows a menu at the pointer and runs events until it closes. The id picked, or 0.
 std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items);
+
+/// The menu of the tray icon, for a desktop that shows it itself: `picked` runs from the event loop
+/// with the id of an entry. Elsewhere the icon's mouse codes tell when to show it (`popupMenu`).
+/// Before the icon is added.
+void setTrayMenu(const std::vector<MenuItem>& items, std::function<void(std::int32_t)> picked);
 
 enum class MessageIcon { None, Critical };
 

@@ -2,6 +2,7 @@
 
 #include "platform/window.h"
 #include "toolkit/form.h"
+#include "toolkit/guard.h"
 
 #include <cstdint>
 #include <utility>
@@ -27,15 +28,27 @@ std::vector<platform::MenuItem> itemsOf(const std::vector<Menu>& entries,
     return items;
 }
 
+/// Runs the handler of what was picked, if anything was.
+void click(const std::vector<const Menu*>& clicks, std::int32_t picked) {
+    if (picked < 1 || static_cast<std::size_t>(picked) > clicks.size()) return;
+    const Menu& entry = *clicks[static_cast<std::size_t>(picked) - 1];
+    if (entry.Click) entry.Click();
+}
+
 } // namespace
 
 void PopupMenu(Form& window, const Menu& menu) {
     std::vector<const Menu*> clicks;
     const std::vector<platform::MenuItem> items = itemsOf(menu.entries, clicks);
     const std::int32_t picked = platform::popupMenu(window.hWnd(), items);
-    if (picked < 1 || static_cast<std::size_t>(picked) > clicks.size()) return;
-    const Menu& entry = *clicks[static_cast<std::size_t>(picked) - 1];
-    if (entry.Click) entry.Click();
+    click(clicks, picked);
+}
+
+void SetTrayMenu(const Menu& menu) {
+    std::vector<const Menu*> clicks;
+    const std::vector<platform::MenuItem> items = itemsOf(menu.entries, clicks);
+    platform::setTrayMenu(
+        items, [clicks](std::int32_t picked) { guarded([&] { click(clicks, picked); }); });
 }
 
 } // namespace toolkit

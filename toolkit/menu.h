@@ -16,6 +16,10 @@ struct Menu {
     std::vector<Menu> entries;
 };
 
+/// Makes a menu the tray icon's, for a desktop that shows it itself: a pick runs the entry's click
+/// handler. The menu must outlive the icon. Before the icon is added.
+void SetTrayMenu(const Menu& menu);
+
 /// Shows a menu's entries at the pointer. Returns when it is closed and, if an entry was picked,
 /// its click handler has run to its end.
 void PopupMenu(Form& window, const Menu& menu);

@@ -51,6 +51,9 @@ bool canMakeNamedFile(const std::string& folder) {
     return ::unlink(name.c_str()) == 0;
 }
 
+/// What is installed for all users is written by nobody, the superuser included.
+bool isForAllUsers(const std::string& folder) { return (folder + '/').starts_with("/usr/"); }
+
 } // namespace
 
 bool canWriteInto(const std::string& folder) {
@@ -72,7 +75,7 @@ bool makeFolders(const std::string& folder) {
 
 std::string chooseApplicationFolder(const std::string& programFolder,
                                     const std::string& configurationFolder) {
-    if (canWriteInto(programFolder)) return programFolder;
+    if (!isForAllUsers(programFolder) && canWriteInto(programFolder)) return programFolder;
     std::string folder = configurationFolder + "/orvan";
     // Failing here shows when the settings are written, with the number of that failure.
     makeFolders(folder);

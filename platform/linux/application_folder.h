@@ -11,8 +11,8 @@ bool canWriteInto(const std::string& folder);
 /// Makes a folder and those above it that are missing. False if it isn't there afterwards.
 bool makeFolders(const std::string& folder);
 
-/// The place of the settings file: the program's own folder if it can be written, else `orvan`
-/// under the user's configuration folder, made at need.
+/// The place of the settings file: the program's own folder if it can be written and isn't below
+/// /usr, else `orvan` under the user's configuration folder, made at need.
 std::string chooseApplicationFolder(const std::string& programFolder,
                                     const std::string& configurationFolder);
 

@@ -4,6 +4,7 @@
 #include "platform/window.h"
 
 #include <QCursor>
+#include <QKeyEvent>
 #include <QPixmap>
 #include <QPushButton>
 
@@ -20,6 +21,30 @@ QCursor cursorOf(const PointerShape& pointer) {
     return QCursor(QPixmap::fromImage(image), pointer.hotSpot.x, pointer.hotSpot.y);
 }
 
+/// Return and Escape click the button, as they do in the desktop's own dialogs.
+class ClickingKeys : public QObject {
+  public:
+    explicit ClickingKeys(QPushButton& button) : QObject(&button), button_(button) {
+        button.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) return false;
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Escape:
+            button_.click();
+            return true;
+        default:
+            return false;
+        }
+    }
+
+  private:
+    QPushButton& button_;
+};
+
 } // namespace
 
 void createPushButton(WindowHandle window, const PushButton& button,
@@ -33,6 +58,7 @@ void createPushButton(WindowHandle window, const PushButton& button,
     if (!button.pointer.picture.empty()) made->setCursor(cursorOf(button.pointer));
     QObject::connect(made, &QPushButton::clicked, widget,
                      [widget, handler = std::move(clicked)] { widget->run(handler); });
+    new ClickingKeys(*made);
     made->setFocus();
     made->show();
 }

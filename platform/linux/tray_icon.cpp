@@ -1,13 +1,18 @@
 #include "platform/linux/tray_icon.h"
 
 #include "platform/linux/hook.h"
+#include "platform/window.h"
 
 #include <QApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusReply>
 #include <QMouseEvent>
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
+#include <vector>
 
 namespace platform {
 namespace {
@@ -17,7 +22,58 @@ constexpr std::uint32_t NIF_MESSAGE = 1;
 constexpr std::uint32_t NIF_ICON = 2;
 constexpr std::uint32_t NIF_TIP = 4;
 
+const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
+
+struct TrayMenu {
+    std::vector<MenuItem> items;
+    std::function<void(std::int32_t)> picked;
+};
+
+TrayMenu& trayMenu() {
+    static TrayMenu menu;
+    return menu;
+}
+
+/// GNOME's host opens the menu at a click and reports a double click as one activation.
+bool isGnomesHost() {
+    const QDBusConnectionInterface* const bus = QDBusConnection::sessionBus().interface();
+    if (bus == nullptr) return false;
+    const QString owner = bus->serviceOwner(watcherName);
+    return !owner.isEmpty() &&
+           owner == bus->serviceOwner(QStringLiteral("org.gnome.Shell")).value();
+}
+
+/// An icon that isn't shown by a host on the message bus is a window of this program.
+bool isOwnWindow() {
+    const auto windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->inherits("QSystemTrayIconSys");
+    });
+}
+
+void fill(QMenu& menu, const std::vector<MenuItem>& items, QObject& poster) {
+    for (const MenuItem& item : items) {
+        const QString caption = QString::fromStdString(item.caption);
+        if (!item.children.empty()) {
+            fill(*menu.addMenu(caption), item.children, poster);
+            continue;
+        }
+        // A handler may run for long, and the host waits for its answer.
+        QObject::connect(
+            menu.addAction(caption), &QAction::triggered, &poster,
+            [id = item.id] {
+                const auto picked = trayMenu().picked;
+                if (picked) picked(id);
+            },
+            Qt::QueuedConnection);
+    }
+}
+
 } // namespace
+
+void setTrayMenu(const std::vector<MenuItem>& items, std::function<void(std::int32_t)> picked) {
+    trayMenu() = {items, std::move(picked)};
+}
 
 RightRelease::RightRelease(std::function<void()> released) : released_(std::move(released)) {
     qApp->installEventFilter(this);
@@ -44,8 +100,28 @@ TrayIcon::TrayIcon(WindowHandle hook)
     : hook_(hook), clicks_(QApplication::doubleClickInterval()),
       release_([this] { post(TrayRightUp); }) {
     clock_.start();
+    fill(menu_, trayMenu().items, poster_);
     QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_,
                      [this](QSystemTrayIcon::ActivationReason reason) { activated(reason); });
+}
+
+void TrayIcon::show() {
+    if (!menu_.isEmpty()) icon_.setContextMenu(&menu_);
+    icon_.show();
+    if (isOwnWindow())
+        icon_.setContextMenu(nullptr);
+    else
+        watchBus();
+}
+
+void TrayIcon::watchBus() {
+    onlyDoubleClicks_ = isGnomesHost();
+    hosts_.setConnection(QDBusConnection::sessionBus());
+    hosts_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    hosts_.addWatchedService(watcherName);
+    // Qt would put the icon into the next tray; one that is lost stays lost.
+    QObject::connect(&hosts_, &QDBusServiceWatcher::serviceUnregistered, &icon_,
+                     [this] { icon_.hide(); });
 }
 
 void TrayIcon::apply(const NOTIFYICONDATA& record) {
@@ -60,7 +136,7 @@ void TrayIcon::apply(const NOTIFYICONDATA& record) {
 void TrayIcon::activated(QSystemTrayIcon::ActivationReason reason) {
     switch (reason) {
     case QSystemTrayIcon::Trigger:
-        return postClick(TrayActivation::Click);
+        return postClick(onlyDoubleClicks_ ? TrayActivation::DoubleClick : TrayActivation::Click);
     case QSystemTrayIcon::DoubleClick:
         return postClick(TrayActivation::DoubleClick);
     case QSystemTrayIcon::MiddleClick:

@@ -4,7 +4,9 @@
 #include "platform/linux/tray_clicks.h"
 #include "platform/shell.h"
 
+#include <QDBusServiceWatcher>
 #include <QElapsedTimer>
+#include <QMenu>
 #include <QSystemTrayIcon>
 
 #include <cstdint>
@@ -37,9 +39,10 @@ class TrayIcon {
     /// Takes over what a record tells of the icon.
     void apply(const NOTIFYICONDATA& record);
 
-    void show() { icon_.show(); }
+    void show();
 
   private:
+    void watchBus();
     void activated(QSystemTrayIcon::ActivationReason reason);
     void postClick(TrayActivation activation);
     void post(std::int32_t code);
@@ -49,7 +52,10 @@ class TrayIcon {
     TrayClicks clicks_;
     QElapsedTimer clock_;
     RightRelease release_;
+    QMenu menu_; ///< for a host that shows it itself; before the icon, which doesn't own it
     QSystemTrayIcon icon_;
+    QDBusServiceWatcher hosts_;
+    bool onlyDoubleClicks_ = false; ///< the host reports nothing else
     NewTrayIgnored newTrayIgnored_;
     QObject poster_; ///< its end takes back what is posted and not yet delivered
 };

@@ -9,21 +9,17 @@
 #include <vector>
 
 namespace simulated {
-namespace {
-
-const platform::MenuItem* find(const std::vector<platform::MenuItem>& items,
-                               const Menus::Script& wanted) {
+const platform::MenuItem* findEntry(const std::vector<platform::MenuItem>& items,
+                                    const std::string& caption, std::int32_t id) {
     for (const platform::MenuItem& item : items) {
         if (!item.children.empty()) {
-            if (const platform::MenuItem* below = find(item.children, wanted)) return below;
-        } else if (wanted.id != 0 ? item.id == wanted.id : item.caption == wanted.caption) {
+            if (const auto* below = findEntry(item.children, caption, id)) return below;
+        } else if (id != 0 ? item.id == id : item.caption == caption) {
             return &item;
         }
     }
     return nullptr;
 }
-
-} // namespace
 
 void Menus::choose(const std::string& caption, Action action) {
     scripts.push_back({caption, 0, std::move(action)});
@@ -76,7 +72,7 @@ std::int32_t popupMenu(WindowHandle window, const std::vector<MenuItem>& items) 
     world.menus.scripts.erase(world.menus.scripts.begin());
     if (script.action) script.action();
     if (script.caption.empty() && script.id == 0) return 0;
-    const MenuItem* picked = simulated::find(items, script);
+    const MenuItem* picked = simulated::findEntry(items, script.caption, script.id);
     if (picked == nullptr)
         simulated::misuse("the menu has no entry " + script.caption + std::to_string(script.id));
     simulated::note("pick " + picked->caption);

@@ -151,6 +151,14 @@ void Tray::doubleClick() const {
     send(514);
 }
 
+void Tray::pickFromMenu(const std::string& caption) const {
+    if (!icon || !picked) misuse("there is no tray icon with a menu");
+    const platform::MenuItem* entry = findEntry(menu, caption, 0);
+    if (entry == nullptr) misuse("the tray's menu has no entry " + caption);
+    picked(entry->id);
+    paintWaiting();
+}
+
 void Tray::clickRight() const {
     send(516);
     send(517);
@@ -201,6 +209,11 @@ bool SHGetPathFromIDList(std::int32_t item, char* path) {
     if (folder.empty()) return false;
     std::memcpy(path, folder.c_str(), folder.size() + 1);
     return true;
+}
+
+void setTrayMenu(const std::vector<MenuItem>& items, std::function<void(std::int32_t)> picked) {
+    world.tray.menu = items;
+    world.tray.picked = std::move(picked);
 }
 
 bool Shell_NotifyIconA(std::uint32_t message, NOTIFYICONDATA* record) {

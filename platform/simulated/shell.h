@@ -103,7 +103,12 @@ struct Tray {
     void doubleClick() const;
     void clickRight() const;
 
-    bool present = true; ///< false: no tray, every call fails
+    /// Picks an entry, by its caption, of the menu that the desktop shows for the icon.
+    void pickFromMenu(const std::string& caption) const;
+
+    bool present = true;                  ///< false: no tray, every call fails
+    std::vector<platform::MenuItem> menu; ///< as the player set it
+    std::function<void(std::int32_t)> picked;
     std::optional<platform::NOTIFYICONDATA> icon;
     std::vector<Call> calls;
 };

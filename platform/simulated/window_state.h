@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <vector>
 
 /// What the simulated platform's own files share about windows; tests use window.h.
@@ -42,6 +43,10 @@ void place(WindowHandle handle, platform::Point corner);
 
 /// Where client pixel (0, 0) is on the screen.
 platform::Point clientOrigin(const Window& window);
+
+/// The entry that can be picked with this id or, if that is 0, with this caption; null for none.
+const platform::MenuItem* findEntry(const std::vector<platform::MenuItem>& items,
+                                    const std::string& caption, std::int32_t id);
 
 /// Takes the oldest of a list of scripted actions and runs it, if there is one.
 void runNextScript(std::vector<std::function<void()>>& scripts);

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -164,6 +165,10 @@ bool SHGetPathFromIDList(std::int32_t item, char* path) {
     const std::wstring text = pathOfItem(items()[static_cast<std::size_t>(item) - 1]);
     return !text.empty() && writeCharacters({text.c_str(), text.size() + 1}, path, pathSize);
 }
+
+// The tray shows no menu of its own.
+void setTrayMenu(const std::vector<MenuItem>& /*items*/,
+                 std::function<void(std::int32_t)> /*picked*/) {}
 
 bool Shell_NotifyIconA(std::uint32_t message, NOTIFYICONDATA* record) {
     NOTIFYICONDATAW system = systemRecord(*record);

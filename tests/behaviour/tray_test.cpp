@@ -249,3 +249,29 @@ TEST_CASE("a failing double click is ignored, the same failure by the menu is th
     CHECK(behaviour::fatalMessageOf([&] { maximized.Click(); }) ==
           "Run-time error 57: Device I/O error");
 }
+
+TEST_CASE("a desktop that shows the tray menu itself runs the entries' own handlers") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+    world.tray.pickFromMenu("Next");
+    CHECK(player.list().ListIndex() == 1);
+    player.frmPlayer().window.Hide();
+    world.tray.pickFromMenu("Maximized");
+    CHECK(simulated::window(player.mainWindow()).visible);
+    world.tray.pickFromMenu("Stop");
+    CHECK(player.status() == "Idle");
+    world.dialogs.opened.clear();
+    world.dialogs.foldersOpened.clear();
+    world.tray.pickFromMenu("Open File");
+    CHECK(world.dialogs.opened.size() == 1);
+    world.tray.pickFromMenu("Open Directory");
+    CHECK(world.dialogs.foldersOpened.size() == 1);
+}
+
+TEST_CASE("an error in an entry of the desktop's own tray menu is the fatal end") {
+    Player player;
+    player.start();
+    world.dialogs.pickFolder("");
+    CHECK(behaviour::fatalMessageOf([&] { world.tray.pickFromMenu("Open Directory"); }) ==
+          "Run-time error 5: Invalid procedure call or argument");
+}

@@ -7,7 +7,8 @@ import time
 from menus import EXIT, Menu, numbers
 from scenario import scenario
 from sessions import click, xdotool
-from shell import DOUBLE_CLICK, MINIMISE, quit_player, start_with, wait_until_gone
+from shell import (DOUBLE_CLICK, MINIMISE, OPEN_TITLE, about_of, close_about, escape, open_playlist,
+                   quit_player, start_with, wait_until_gone)
 from world import check
 
 ONLY_THERE = "Windows has no such tray"
@@ -16,9 +17,9 @@ ONLY_THERE = "Windows has no such tray"
 class BusTray:
     """Such a tray, which passes calls on to the player's icon."""
 
-    def __init__(self, world):
+    def __init__(self, world, *arguments):
         host = pathlib.Path(world.program).parent / "tests" / "e2e" / "tray_host"
-        self.process = subprocess.Popen([host], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+        self.process = subprocess.Popen([host, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                         text=True, bufsize=1)
         world.stack.callback(world.end, self.process)
         self.says("ready")
@@ -26,6 +27,11 @@ class BusTray:
     def says(self, word):
         line = self.process.stdout.readline().strip()
         check(line == word, f"the tray says {line!r} instead of {word!r}")
+
+    def icons(self):
+        """How many icons have come."""
+        self.process.stdin.write("Icons\n")
+        return int(self.process.stdout.readline())
 
     def call(self, *names):
         for name in names:
@@ -62,3 +68,49 @@ def menu_from_the_bus(world):
           f"the menu is at {window.left}, {window.top}")
     menu.choose(EXIT)
     check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+
+
+@scenario("a desktop that shows the icon's menu itself runs every entry's own handler",
+          only="linux", because=ONLY_THERE)
+def menu_shown_by_the_desktop(world):
+    tray = BusTray(world)
+    player, window = start_with(world)
+    tray.says("icon")
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the window to hide")
+    tray.call("Pick Maximized")
+    player.face()
+    for entry, title in (("Open File", OPEN_TITLE), ("Open Directory", player.build.folder_title)):
+        tray.call("Pick " + entry)
+        escape(player, player.dialog(title))
+    tray.call("Pick About")
+    close_about(player, about_of(player))
+    tray.call("Pick Exit")
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+
+
+@scenario("where the desktop tells of double clicks only, one call brings the hidden window back",
+          only="linux", because=ONLY_THERE)
+def restores_by_one_call(world):
+    tray = BusTray(world, "--gnome")
+    player, window = start_with(world)
+    tray.says("icon")
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the window to hide")
+    tray.call("Activate")
+    quit_player(player, player.face())
+
+
+@scenario("an icon whose tray on the message bus has ended doesn't come back with the next one",
+          only="linux", because=ONLY_THERE)
+def restarted_bus_tray(world):
+    tray = BusTray(world)
+    player, window = start_with(world)
+    tray.says("icon")
+    world.end(tray.process)
+    again = BusTray(world)
+    # The playlist shows after what the player did about the tray, if anything.
+    open_playlist(player, window)
+    time.sleep(1.0)  # for the icon to come
+    check(again.icons() == 0, "the icon is back")
+    quit_player(player, window)

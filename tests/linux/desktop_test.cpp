@@ -62,6 +62,13 @@ TEST_CASE("the settings lie in the configuration folder when the program's can't
     CHECK(platform::chooseApplicationFolder("/proc", folder / "deep/config") == chosen);
 }
 
+TEST_CASE("a program installed for all users keeps no settings beside it, whoever starts it") {
+    const TemporaryFolder folder;
+    for (const char* program : {"/usr/bin", "/usr/local/bin", "/usr", "/usr/share/games"})
+        CHECK(platform::chooseApplicationFolder(program, folder / "config") ==
+              folder / "config/orvan");
+}
+
 TEST_CASE("a folder that isn't there can't be written into") {
     const TemporaryFolder folder;
     CHECK(platform::canWriteInto(folder.path()));

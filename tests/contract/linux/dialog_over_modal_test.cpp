@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QPointer>
 #include <QPushButton>
 #include <QWindow>
 
@@ -78,9 +79,10 @@ class DialogFromTheLoop {
 
 /// The dialog is where it will stay once it has its frame.
 void waitForDialog() {
-    const QFileDialog* const dialog = shownFileDialog();
+    const QPointer<const QFileDialog> dialog = shownFileDialog();
     CHECK(contract::waitUntil([&] {
-        return dialog->windowHandle()->isExposed() && dialog->frameGeometry() != dialog->geometry();
+        return dialog != nullptr && dialog->windowHandle()->isExposed() &&
+               dialog->frameGeometry() != dialog->geometry();
     }));
 }
 

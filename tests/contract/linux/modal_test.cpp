@@ -197,6 +197,27 @@ TEST_CASE("a modal window that is made an icon is back at once") {
     CHECK(back);
 }
 
+TEST_CASE("the space bar, Return and Escape click the button of a modal window") {
+    const contract::Window owner;
+    showWindow(owner.handle, true);
+    for (const char* key : {"space", "Return", "KP_Enter", "Escape"}) {
+        const ShownBox box;
+        int clicks = 0;
+        createPushButton(box.handle, {"&Close", {60, 60, 140, 90}, {}, {}}, [&] {
+            ++clicks;
+            showWindow(box.handle, false);
+        });
+        bool pressed = false;
+        const contract::Timer timer(400, [&] {
+            if (contract::isShown(box.handle) && !std::exchange(pressed, true))
+                xdotool(std::string("key ") + key);
+        });
+        const contract::Timer patience(10'000, [&] { showWindow(box.handle, false); });
+        showWindowModal(box.handle);
+        CHECK(clicks == 1);
+    }
+}
+
 TEST_CASE("a click on a window that a modal one bars brings the modal one to the front") {
     Picture dark(120, 80, 0xFF101010U);
     WindowEvents events;

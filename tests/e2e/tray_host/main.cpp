@@ -1,11 +1,15 @@
 /// A tray on the session's message bus, as today's desktops have one, without anything to see. It
 /// says "ready" once it is there and "icon" for each icon that comes, and passes on to the latest
-/// icon what it reads, a line each: "Activate" for a click, "ContextMenu" for a right one; after
-/// each it says "done".
+/// icon what it reads, a line each, and says "done" after each: "Activate" for a click,
+/// "ContextMenu" for a right one, "Pick" and a caption for an entry of the menu that the icon gives
+/// away. "Icons" has it say how many have come instead. Called with "--gnome" it has the name of
+/// GNOME's shell too.
 
 #include <QCoreApplication>
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QSocketNotifier>
@@ -19,7 +23,27 @@ namespace {
 const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 
-void say(const char* word) { std::cout << word << std::endl; }
+void say(const std::string& word) { std::cout << word << std::endl; }
+
+/// The id of the entry with a caption in a menu's layout, its sub-menus' included; 0 for none.
+int entryOf(const QDBusArgument& layout, const QString& caption) {
+    int id = 0;
+    QVariantMap properties;
+    int found = 0;
+    layout.beginStructure();
+    layout >> id >> properties;
+    if (properties.value(QStringLiteral("label")).toString() == caption) found = id;
+    layout.beginArray();
+    while (!layout.atEnd()) {
+        QDBusVariant child;
+        layout >> child;
+        const int below = entryOf(qvariant_cast<QDBusArgument>(child.variant()), caption);
+        if (below != 0) found = below;
+    }
+    layout.endArray();
+    layout.endStructure();
+    return found;
+}
 
 class Watcher : public QDBusVirtualObject {
   public:
@@ -33,6 +57,7 @@ class Watcher : public QDBusVirtualObject {
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
         if (message.member() == QLatin1String("RegisterStatusNotifierItem")) {
             icon_ = message.service();
+            ++icons_;
             bus.send(message.createReply());
             say("icon");
             return true;
@@ -45,6 +70,9 @@ class Watcher : public QDBusVirtualObject {
     }
 
     void pass(const std::string& call) const {
+        const std::string pick = "Pick ";
+        if (call == "Icons") return say(std::to_string(icons_));
+        if (call.starts_with(pick)) return choose(QString::fromStdString(call.substr(pick.size())));
         QDBusMessage message =
             QDBusMessage::createMethodCall(icon_, QStringLiteral("/StatusNotifierItem"),
                                            itemInterface, QString::fromStdString(call));
@@ -54,7 +82,31 @@ class Watcher : public QDBusVirtualObject {
     }
 
   private:
+    /// Picks an entry as hosts do that show the menu themselves.
+    void choose(const QString& caption) const {
+        const QDBusConnection bus = QDBusConnection::sessionBus();
+        QDBusMessage ask = QDBusMessage::createMethodCall(
+            icon_, QStringLiteral("/StatusNotifierItem"),
+            QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+        ask << itemInterface << QStringLiteral("Menu");
+        const QVariant told = bus.call(ask).arguments().value(0).value<QDBusVariant>().variant();
+        const QString path = told.value<QDBusObjectPath>().path();
+        const QString menu = QStringLiteral("com.canonical.dbusmenu");
+        QDBusMessage list =
+            QDBusMessage::createMethodCall(icon_, path, menu, QStringLiteral("GetLayout"));
+        list << 0 << -1 << QStringList();
+        const QVariantList layout = bus.call(list).arguments();
+        const int id = layout.size() < 2 ? 0 : entryOf(layout[1].value<QDBusArgument>(), caption);
+        if (id == 0) return say("no such entry in " + path.toStdString());
+        QDBusMessage click =
+            QDBusMessage::createMethodCall(icon_, path, menu, QStringLiteral("Event"));
+        click << id << QStringLiteral("clicked") << QVariant::fromValue(QDBusVariant(0)) << 0U;
+        bus.call(click);
+        say("done");
+    }
+
     QString icon_;
+    int icons_ = 0;
 };
 
 } // namespace
@@ -68,6 +120,9 @@ int main(int argumentCount, char** arguments) {
         std::cerr << "no place for a tray on the bus\n";
         return 1;
     }
+    if (application.arguments().contains(QLatin1String("--gnome")) &&
+        !bus.registerService(QStringLiteral("org.gnome.Shell")))
+        return 1;
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &watcher, [&] {
         std::string call;
