@@ -32,7 +32,7 @@ NAMES = {
     "cstdlib": "_Exit abort atexit atoi exit free getenv llabs malloc quick_exit strtol strtoul system",
     "cstring": """memchr memcmp memcpy memmove memset strchr strcmp strerror strlen strncmp strrchr
         strstr""",
-    "ctime": "gmtime localtime mktime strftime time time_t tm",
+    "ctime": "clock clock_t gmtime localtime mktime strftime time time_t tm",
     "deque": "deque",
     "exception": "current_exception exception exception_ptr rethrow_exception terminate",
     "filesystem": "filesystem",

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 
+#include <cstdint>
 #include <vector>
 
 namespace platform {

@@ -3,6 +3,7 @@
 #include "platform/simulated/window.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
