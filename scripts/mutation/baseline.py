@@ -129,7 +129,7 @@ class Baseline:
             suite = self.suites[name]
             program = folder / name
             if suite.linked(objects, libraries, program).returncode:
-                return "does not compile"
+                return "does not link"
             if not suite.passes(program):
                 return "killed"
             program.unlink()

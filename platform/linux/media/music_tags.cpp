@@ -1,15 +1,20 @@
 #include "platform/linux/media/music_tags.h"
 
+#include "runtime/little_endian.h"
+
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <span>
 #include <string_view>
 
 namespace platform::media {
 namespace {
 
-std::uint32_t littleEndian(const unsigned char* bytes) {
-    return std::uint32_t{bytes[3]} << 24 | std::uint32_t{bytes[2]} << 16 |
-           std::uint32_t{bytes[1]} << 8 | bytes[0];
+/// The number of four bytes at a place of a tag's head or foot.
+std::uint32_t numberAt(const std::array<unsigned char, 32>& bytes, std::size_t at) {
+    return runtime::littleEndian(std::as_bytes(std::span(bytes)), at, 4);
 }
 
 template <std::size_t size>
@@ -40,14 +45,14 @@ std::int64_t id3v2SizeAt(FileWindow& file, std::int64_t position) {
 std::int64_t apeSizeAt(FileWindow& file, std::int64_t position) {
     std::array<unsigned char, 32> head{};
     if (!readAt(file, position, head) || !startsWith(head.data(), "APETAGEX")) return 0;
-    return 32 + std::int64_t{littleEndian(head.data() + 12)};
+    return 32 + std::int64_t{numberAt(head, 12)};
 }
 
 std::int64_t apeSizeBefore(FileWindow& file, std::int64_t end) {
     std::array<unsigned char, 32> foot{};
     if (!readAt(file, end - 32, foot) || !startsWith(foot.data(), "APETAGEX")) return 0;
-    const bool hasHead = (littleEndian(foot.data() + 20) & 0x80000000U) != 0;
-    return std::int64_t{littleEndian(foot.data() + 12)} + (hasHead ? 32 : 0);
+    const bool hasHead = (numberAt(foot, 20) & 0x80000000U) != 0;
+    return std::int64_t{numberAt(foot, 12)} + (hasHead ? 32 : 0);
 }
 
 std::int64_t id3v1SizeBefore(FileWindow& file, std::int64_t end) {
