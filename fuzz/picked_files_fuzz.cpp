@@ -3,6 +3,7 @@
 // because no empty piece ends them. List and paths must stay in step in all of them.
 #include "app/modMain.h"
 #include "platform/simulated/world.h"
+#include "runtime/characters.h"
 #include "toolkit/guard.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ namespace {
 using simulated::world;
 using Pieces = std::vector<std::string>;
 
-constexpr std::size_t bufferSize = 16384;
+constexpr std::size_t bufferSize = 16384; // characters
 const std::string present = "C:\\Music\\present.mp3";
 
 void require(bool condition, const char* what) {
@@ -98,7 +99,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const std::string bytes(data, data + std::min(size, bufferSize));
     world.dialogs.fillBuffer(bytes);
-    std::string buffer = bytes + std::string(bufferSize - bytes.size(), '\0');
+    const std::string filled =
+        bytes + std::string(runtime::BytesOfCharacter * bufferSize - bytes.size(), '\0');
+    std::string buffer(runtime::firstCharacters(filled, bufferSize));
     buffer.erase(buffer.find_last_not_of(' ') + 1);
     const std::optional<Pieces> pieces = piecesOf(buffer);
     const bool goesOn = pick(program);

@@ -47,8 +47,8 @@ TEST_CASE("a folder of 259 characters comes back whole") {
     CHECK(browse(player) == folder);
 }
 
-TEST_CASE(
-    "a folder of 259 characters comes back whole, whatever their bytes; a longer one is refused") {
+TEST_CASE("a folder of 259 characters comes back whole, whatever their bytes, and a longer one is "
+          "refused") {
     Player player;
     player.start();
     for (const std::string character : {"\xD0\xB6", "\xE9\x9F\xB3", "\xF0\x9F\x8E\xB5"}) {
