@@ -93,9 +93,9 @@ set(ORVAN_WINE_TEST LABELS wine RESOURCE_LOCK wine-desktop)
 # orvan_desktop_suite(NAME LIBRARIES...): a suite whose tests run in that desktop, with a display, a
 # window manager and a sound server whose output can be recorded.
 function(orvan_desktop_suite name)
+    # Known before the suite is made: its tests are written down with it.
+    list(APPEND CMAKE_CROSSCOMPILING_EMULATOR ${ORVAN_DESKTOP}/launcher ${ORVAN_DESKTOP_DIR})
     orvan_add_suite(${name} display "${ORVAN_DISPLAY_TEST}" ${ARGN})
-    set_property(TARGET ${name} APPEND PROPERTY
-        CROSSCOMPILING_EMULATOR "${ORVAN_DESKTOP}/launcher;${ORVAN_DESKTOP_DIR}")
     orvan_needs(${name} packages test desktop)
 endfunction()
 
