@@ -39,7 +39,7 @@ def plays_a_relative_path(world):
     ear = world.listen()
     player = world.start(*world.build.tail(name))
     ear.hears(2.0, player)
-    check(ear.so_far().tone_in("left", 660), "it is not the tone of the file")
+    ear.hears_tone(660, player)
 
 
 @scenario("the main window's top corners are cut and its bottom corners are square")

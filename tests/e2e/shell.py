@@ -89,7 +89,7 @@ def opens_a_file(world):
     dialog = open_dialog(player, window, FILE, OPEN_TITLE)
     answer(player, dialog, world.build.shown(tone))
     ear.hears(1.0, player)
-    check(ear.so_far().tone_in("left", 440), "it is not the tone of the file")
+    ear.hears_tone(440, player)
     quit_player(player, window)
     check(saved_list(world) == list_field(world, [tone]), f"saved {world.saved()!r}")
     folder = world.build.path(world.folder) + "\\"
@@ -105,7 +105,7 @@ def opens_several_files(world):
     dialog = open_dialog(player, window, FILE, OPEN_TITLE)
     answer(player, dialog, f'"{first.name}" "{second.name}"')
     ear.hears(1.0, player)
-    check(ear.so_far().tone_in("left", 660), "it is not the tone of the first file")
+    ear.hears_tone(660, player)
     click(window, NEXT)
     wait_until(lambda: [tone[0] for tone in tones_heard(ear)] == [660, 1000], "both tones", player)
     quit_player(player, window)
@@ -395,7 +395,7 @@ def letters_of_the_world(world):
     player = world.start(tone)
     window = player.face()
     ear.hears(1.0, player)
-    check(ear.so_far().tone_in("left", 660), "it is not the tone of the file")
+    ear.hears_tone(660, player)
     quit_player(player, window)
     check(saved_list(world) == list_field(world, [tone]), f"saved {world.saved()!r}")
 

@@ -150,6 +150,13 @@ class Ear:
         """Seconds recorded, sound or not."""
         return self.path.stat().st_size / (4 * hear.RATE)
 
+    def hears_tone(self, hertz, player):
+        """Waits until what has sounded is a tone. A busy machine tears holes into its beginning."""
+        def heard():
+            recording = self.so_far()
+            return recording.sounding and recording.tone_in("left", hertz)
+        wait_until(heard, f"a tone of {hertz} Hz", player)
+
     def hears(self, seconds, player):
         """Waits for that much more sound."""
         before = self.so_far().seconds()
