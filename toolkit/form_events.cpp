@@ -99,8 +99,14 @@ void Form::press(const platform::PointerEvent& event) {
 }
 
 void Form::move(const platform::PointerEvent& event) {
-    // A release that a menu or dialog swallowed ends the press unseen.
-    if (captured_ && !event.buttonsHeld) captured_ = false;
+    // A release that a dialog or the window system swallowed is made up for: the press must not
+    // outlive the button.
+    if (captured_ && !event.buttonsHeld) {
+        platform::PointerEvent lost = event;
+        lost.action = platform::PointerAction::Release;
+        lost.button = capturingButton_;
+        release(lost);
+    }
     Control* const target = captured_ ? captor_ : controlAt(event.position);
     const MouseArguments arguments = argumentsFor(target, event);
     if (target == nullptr) return raise(MouseMove, arguments);

@@ -139,6 +139,11 @@ void pressAt(WindowHandle handle, std::int32_t x, std::int32_t y, PointerButton 
     paintWaiting();
 }
 
+void loseReleases() {
+    world.windows.held.clear();
+    world.windows.captured = 0;
+}
+
 void pressAgainAt(WindowHandle handle, std::int32_t x, std::int32_t y, PointerButton button) {
     press(handle, {x, y}, button, true);
     paintWaiting();

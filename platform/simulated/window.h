@@ -91,6 +91,8 @@ void click(WindowHandle window, std::int32_t x, std::int32_t y,
 void doubleClick(WindowHandle window, std::int32_t x, std::int32_t y,
                  PointerButton button = PointerButton::Left);
 
+/// Takes all presses away, as a lock screen does: no window hears of a release.
+void loseReleases();
 /// The second press of a double click, held.
 void pressAgainAt(WindowHandle window, std::int32_t x, std::int32_t y,
                   PointerButton button = PointerButton::Left);

@@ -222,6 +222,23 @@ TEST_CASE("a release that arrives while a move is handled ends the drag") {
     CHECK(window.main() == Point{350, 350});
 }
 
+TEST_CASE("a drag whose release is taken away lets the window go at the pointer's next move") {
+    WindowPair windows({100, 100}, {600, 500});
+    windows.takeMain();
+    WindowPair::dragTo(150, 120);
+    simulated::loseReleases();
+    CHECK(windows.player.frmPlayer().mouseHeld);
+    WindowPair::dragTo(160, 125);
+    CHECK_FALSE(windows.player.frmPlayer().mouseHeld);
+    WindowPair::dragTo(170, 130);
+    CHECK(windows.main() == Point{150, 120});
+    windows.takeList();
+    simulated::loseReleases();
+    WindowPair::dragTo(610, 505);
+    CHECK(windows.list() == Point{600, 500});
+    CHECK_FALSE(windows.player.frmPlaylist().playlistDragging);
+}
+
 TEST_CASE("the clock goes on during a drag") {
     MainWindow window({300, 300});
     window.player.addTracks({"C:\\Music\\a.mp3"});
