@@ -1,6 +1,7 @@
 #include "platform/simulated/media.h"
 
 #include "platform/simulated/world.h"
+#include "runtime/text.h"
 
 #include <algorithm>
 #include <cstring>
@@ -13,16 +14,8 @@ using platform::MediaCommand;
 using platform::MediaError;
 using platform::MediaVerb;
 
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 bool startsWith(std::string_view command, std::string_view start) {
-    return command.size() >= start.size() &&
-           std::equal(start.begin(), start.end(), command.begin(),
-                      [](char a, char b) { return lower(a) == lower(b); });
-}
-
-std::string trimmed(const std::string& text) {
-    return text.substr(0, text.find_last_not_of(' ') + 1);
+    return runtime::equalIgnoringCase(command.substr(0, start.size()), start);
 }
 
 void copyCut(std::string_view text, char* buffer, std::uint32_t size) {
@@ -42,7 +35,7 @@ void Media::addFile(const std::string& path, std::int64_t length) {
 std::vector<std::string> Media::trimmedCommands() const {
     std::vector<std::string> result;
     for (const std::string& command : commands_)
-        result.push_back(trimmed(command));
+        result.push_back(runtime::withoutTrailingBlanks(command));
     return result;
 }
 
@@ -69,7 +62,7 @@ void Media::settle(State state, std::int64_t position) {
 
 std::uint32_t Media::send(const std::string& command, std::string& reply) {
     commands_.push_back(command);
-    note("send " + trimmed(command));
+    note("send " + runtime::withoutTrailingBlanks(command));
     for (auto failure = failures_.begin(); failure != failures_.end(); ++failure) {
         if (!startsWith(command, failure->start)) continue;
         const std::uint32_t error = failure->error;
