@@ -1,5 +1,6 @@
 #include "platform/files.h"
 
+#include "platform/windows/code_page.h"
 #include "platform/windows/error_numbers.h"
 #include "platform/windows/open_handle.h"
 #include "platform/windows/paths.h"
@@ -93,14 +94,16 @@ FileContents readFile(const std::string& path, std::size_t limit) {
     const OpenHandle file(openToRead(toSystem(path)));
     if (!file.isOpen()) return {lastError(), {}};
     if (GetFileType(file.get()) != FILE_TYPE_DISK) return {runtime::PathFileAccess, {}};
-    return readAll(file.get(), limit);
+    FileContents contents = readAll(file.get(), limit);
+    contents.text = fromCodePage(contents.text, GetACP());
+    return contents;
 }
 
 int replaceFile(const std::string& path, const std::string& text) {
     const std::wstring target = toSystem(path);
     // In the same folder, as only within a volume a file can be given another's name in one step.
     const std::wstring fresh = target + L".new";
-    int error = writeWhole(fresh, withSystemLineEnds(text));
+    int error = writeWhole(fresh, inCodePage(withSystemLineEnds(text), GetACP()));
     if (error == 0 && !putInPlace(fresh, target)) error = lastError();
     if (error != 0) DeleteFileW(fresh.c_str());
     return error;

@@ -167,8 +167,10 @@ bool SHGetPathFromIDList(std::int32_t item, char* path) {
 }
 
 // The tray shows no menu of its own.
+// NOLINTBEGIN(performance-unnecessary-value-param): the seam hands it over.
 void setTrayMenu(const std::vector<MenuItem>& /*items*/,
                  std::function<void(std::int32_t)> /*picked*/) {}
+// NOLINTEND(performance-unnecessary-value-param)
 
 bool Shell_NotifyIconA(std::uint32_t message, NOTIFYICONDATA* record) {
     NOTIFYICONDATAW system = systemRecord(*record);
