@@ -1,4 +1,5 @@
 #include "platform/system.h"
+#include "shell/AboutBox.h"
 #include "tests/behaviour/player.h"
 #include "toolkit/painter.h"
 

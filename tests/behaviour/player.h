@@ -4,8 +4,6 @@
 #include "platform/simulated/world.h"
 #include "playback/Mpeg.h"
 #include "runtime/errors.h"
-#include "shell/AboutBox.h"
-#include "shell/clsSysTray.h"
 #include "toolkit/event_loop.h"
 #include "toolkit/guard.h"
 
