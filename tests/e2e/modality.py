@@ -75,4 +75,5 @@ def dialog_over_the_about_box(world):
     wait_until_gone(player, window, "the main window to take a click beside the dialog")
     escape(player, dialog)
     tray.click(player, times=2)
-    quit_player(player, player.face())
+    player.face()
+    tray.quit_player(player)

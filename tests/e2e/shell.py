@@ -234,7 +234,8 @@ def restores_from_the_tray(world):
     again = player.face()
     check((again.left, again.top) == (window.left, window.top),
           f"the window is back at {again.left}, {again.top}")
-    quit_player(player, again)
+    # Not by its key: under Wine a window that was brought back now and then takes no click at all.
+    tray.quit_player(player)
 
 
 @scenario("every entry of the tray menu does its work, and the last one ends the player")
