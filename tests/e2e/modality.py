@@ -74,6 +74,4 @@ def dialog_over_the_about_box(world):
     click(window, MINIMISE)
     wait_until_gone(player, window, "the main window to take a click beside the dialog")
     escape(player, dialog)
-    tray.click(player, times=2)
-    player.face()
     tray.quit_player(player)

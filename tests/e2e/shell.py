@@ -221,7 +221,8 @@ class Tray:
         check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
 
 
-@scenario("a double click on the tray icon brings the hidden window back, a single one does not")
+@scenario("a double click on the tray icon brings the hidden window back, a single one does not",
+          only="linux", because="under Wine the window that comes back now and then takes no click")
 def restores_from_the_tray(world):
     tray = Tray(world)
     player, window = start_with(world)
@@ -234,8 +235,7 @@ def restores_from_the_tray(world):
     again = player.face()
     check((again.left, again.top) == (window.left, window.top),
           f"the window is back at {again.left}, {again.top}")
-    # Not by its key: under Wine a window that was brought back now and then takes no click at all.
-    tray.quit_player(player)
+    quit_player(player, again)
 
 
 @scenario("every entry of the tray menu does its work, and the last one ends the player")
