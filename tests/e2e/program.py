@@ -6,6 +6,7 @@ A run of scenarios.py tests one program; its file name tells which build it is.
 import getpass
 import os
 import pathlib
+import re
 import signal
 import subprocess
 
@@ -17,6 +18,12 @@ def quietly(*command, **more):
     """Runs a command of Wine's. What it leaves behind must not hold on to this program's output."""
     subprocess.run(command, check=True, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                    stderr=subprocess.DEVNULL, **more)
+
+
+def quietly_told(*command):
+    """What a command prints."""
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          text=True).stdout
 
 
 def type_into(text):
@@ -64,6 +71,12 @@ class Linux:
     def ended_in_order(self, status):
         """Whether that is the exit status of a player that was asked to end."""
         return status == 0
+
+    def frame_of(self, window):
+        """The window manager's own window around this one, if it has one."""
+        told = quietly_told("xwininfo", "-id", window.number, "-tree")
+        parent = re.search(r"Parent window id: (0x[0-9a-f]+)(.*)", told)
+        return None if parent is None or "root window" in parent[2] else parent[1]
 
     def work_area_changes(self):
         """Called when the panels have changed and no player runs."""
@@ -116,6 +129,9 @@ class Windows:
     def ended_in_order(self, status):
         # Wine kills whoever is still on the way out, and so tells less than a status of the player's.
         return status in (0, -signal.SIGKILL)
+
+    def frame_of(self, window):
+        return None  # Wine draws its frames inside its windows
 
     def work_area_changes(self):
         # Wine asks for it once, at the start of its session.

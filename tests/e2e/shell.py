@@ -29,7 +29,8 @@ def wait_for_only(player, before, what):
 
 
 def wait_until_gone(player, window, what):
-    wait_until(lambda: window.number not in numbers(player), what, player)
+    wait_until(lambda: window.number not in numbers(player) and not window.frame_is_shown(), what,
+               player)
 
 
 def open_key_menu(player, window):

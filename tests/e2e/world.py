@@ -50,18 +50,28 @@ def output_of(*command):
     return run.stdout if run.returncode == 0 else b""
 
 
+def facts_of(number, *more):
+    """What the display tells of a window; nothing if there is no such window."""
+    return dict(line.strip().rsplit(": ", 1)
+                for line in output_of("xwininfo", "-id", number, *more).decode().splitlines()
+                if ": " in line and not line.startswith("xwininfo"))
+
+
 class Window:
     def __init__(self, number):
         self.number = number
-        facts = dict(line.strip().rsplit(": ", 1)
-                     for line in output_of("xwininfo", "-id", number).decode().splitlines()
-                     if ": " in line and not line.startswith("xwininfo"))
+        self.frame = None  # the window manager's own window around it, where that matters
+        facts = facts_of(number)
         self.left = int(facts.get("Absolute upper-left X", "0"))
         self.top = int(facts.get("Absolute upper-left Y", "0"))
         self.size = (int(facts.get("Width", "0")), int(facts.get("Height", "0")))
 
     def title(self):
         return output_of("xdotool", "getwindowname", self.number).decode().strip()
+
+    def frame_is_shown(self):
+        """Whether the frame still takes clicks: it goes after its window, on a busy machine late."""
+        return self.frame is not None and facts_of(self.frame).get("Map State") == "IsViewable"
 
 
 class Screenshot:
@@ -113,9 +123,11 @@ class Player:
 
     def dialog(self, title):
         """A window with this title, once it is on the screen."""
-        return wait_until(
+        window = wait_until(
             lambda: next((window for window in self.windows() if window.title() == title), None),
             f"a window with the title '{title}'", self)
+        window.frame = self.build.frame_of(window)
+        return window
 
     def ask_to_end(self):
         """Has the system ask it to end."""
