@@ -1,4 +1,5 @@
 #include "platform/desktop.h"
+#include "platform/linux/media/early.h"
 #include "platform/linux/session_end.h"
 
 #include <QApplication>
@@ -42,6 +43,7 @@ bool start(int argumentCount, char** arguments) {
                      display == nullptr ? "" : display);
         return false;
     }
+    media::connectEarly();
     chooseQtParts();
     // The arguments are the player's, not Qt's. Qt keeps references to what it is given.
     static char name[] = "orvan";

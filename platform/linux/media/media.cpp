@@ -1,6 +1,7 @@
 #include "platform/media.h"
 
 #include "platform/linux/media/device.h"
+#include "platform/linux/media/early.h"
 #include "platform/linux/media/stream_volume.h"
 
 #include <algorithm>
@@ -37,6 +38,8 @@ void copyCut(std::string_view from, char* to, std::uint32_t size) {
 bool reachServer() { return sound().output.server().reach(); }
 
 } // namespace
+
+void media::connectEarly() { sound().output.server().connectEarly(); }
 
 std::uint32_t mciSendStringA(const char* command, char* reply, std::uint32_t replySize,
                              WindowHandle) {

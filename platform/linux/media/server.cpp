@@ -45,23 +45,32 @@ bool Server::startLoop() {
     return true;
 }
 
-bool Server::reach(std::chrono::milliseconds limit) {
-    if (!startLoop()) return false;
-    const bool begin = [this] {
+bool Server::beginConnecting() {
+    {
         const MutexLock lock(mutex_);
         if (state_ != State::Apart) return false;
         state_ = State::Connecting;
-        return true;
-    }();
-    if (begin) {
-        // On the server's thread, since connecting may have to start the server first.
-        const Lock lock(*this);
-        pa_threaded_mainloop_once_unlocked(
-            loop(),
-            [](pa_threaded_mainloop*, void* self) { static_cast<Server*>(self)->connect(); }, this);
     }
+    // On the server's thread, since connecting may have to start the server first.
+    const Lock lock(*this);
+    pa_threaded_mainloop_once_unlocked(
+        loop(), [](pa_threaded_mainloop*, void* self) { static_cast<Server*>(self)->connect(); },
+        this);
+    return true;
+}
+
+void Server::connectEarly() {
+    if (!startLoop() || !beginConnecting()) return;
+    const MutexLock lock(mutex_);
+    early_ = true;
+}
+
+bool Server::reach(std::chrono::milliseconds limit) {
+    if (!startLoop()) return false;
+    const bool begun = beginConnecting();
     MutexLock lock(mutex_);
-    lock.waitFor(changed_, begin ? limit : std::min(limit, shortPatience),
+    const bool first = std::exchange(early_, false) || begun;
+    lock.waitFor(changed_, first ? limit : std::min(limit, shortPatience),
                  [this]() ORVAN_REQUIRES(mutex_) { return state_ != State::Connecting; });
     return state_ == State::Ready;
 }

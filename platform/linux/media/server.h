@@ -34,6 +34,9 @@ class ORVAN_CAPABILITY("sound server") Server {
     /// What a server that has to be started first takes.
     static constexpr std::chrono::milliseconds patience{1500};
 
+    /// Begins to connect, and waits for nothing; `reach` takes it over. Before anything else.
+    void connectEarly();
+
     /// Connects at need, and waits for that no longer than `limit`. Interface thread.
     bool reach(std::chrono::milliseconds limit = patience);
 
@@ -58,6 +61,7 @@ class ORVAN_CAPABILITY("sound server") Server {
 
   private:
     bool startLoop();
+    bool beginConnecting() ORVAN_EXCLUDES(mutex_);
     void connect() ORVAN_EXCLUDES(this);
     void setState(State state) ORVAN_EXCLUDES(mutex_);
     static void onConnectionState(pa_context* context, void* self);
@@ -69,6 +73,7 @@ class ORVAN_CAPABILITY("sound server") Server {
     mutable Mutex mutex_;
     std::condition_variable changed_;
     State state_ ORVAN_GUARDED_BY(mutex_) = State::Apart;
+    bool early_ ORVAN_GUARDED_BY(mutex_) = false; ///< nobody has waited for the connection yet
     bool answered_ ORVAN_GUARDED_BY(mutex_) = false;
 
     /// The last question had no answer: hold nobody up again.

@@ -1,3 +1,4 @@
+#include "platform/linux/media/early.h"
 #include "platform/media.h"
 #include "tests/sound/support/patience.h"
 #include "tests/sound/support/player_calls.h"
@@ -48,6 +49,25 @@ TEST_CASE("without a server there is no wave device, and no file opens") {
     CHECK(patience([] { return openFile(longTone()); }) == noSoundServer);
     CHECK(position() == -1);
     CHECK(patience.longest < 3);
+}
+
+TEST_CASE("the way to the server is begun before anything asks for sound") {
+    const SoundServer server;
+    platform::media::connectEarly();
+    CHECK(waitUntil([&] {
+        return server.control("list clients").find("Orvan Music Player") != std::string::npos;
+    }));
+    CHECK(platform::waveOutGetNumDevs() == 1);
+}
+
+TEST_CASE("a server that comes after the way to it was begun is found") {
+    SoundServer server(SoundServer::Begin::Absent);
+    platform::media::connectEarly();
+    REQUIRE(openFile(longTone()) == noSoundServer);
+    server.start();
+    const OpenFile file(longTone());
+    REQUIRE(playAll() == 0);
+    CHECK(moves());
 }
 
 TEST_CASE("a server that comes later is found") {
