@@ -44,6 +44,11 @@ def wait_until(condition, what, player=None):
         time.sleep(0.05)
 
 
+def slowness():
+    """How many times longer work takes than on a machine that has nothing else to do."""
+    return max(1.0, os.getloadavg()[0] / os.cpu_count())
+
+
 def output_of(*command):
     """What a command prints; empty when it fails, as a search without a result does."""
     run = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
