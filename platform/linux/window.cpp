@@ -58,9 +58,7 @@ WindowWidget* firstWindow() {
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
     const WindowHandle handle = ++table().last;
     const WindowWidget* const main = options.frame == Frame::None ? firstWindow() : nullptr;
-    WindowOptions named = options;
-    if (main != nullptr && named.title.empty()) named.title = main->windowTitle().toStdString();
-    auto* const widget = new WindowWidget(named, std::move(events));
+    auto* const widget = new WindowWidget(options, std::move(events));
     if (main != nullptr) widget->setBesideMain();
     table().windows.emplace(handle, widget);
     return handle;

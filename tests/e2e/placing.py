@@ -64,6 +64,7 @@ def states(number):
 @scenario("the task bar and Alt-Tab have one entry, the main window's, and no window is nameless",
           only="linux", because=MANAGED, managed=True)
 def one_entry(world):
+    BusTray(world)  # with which the icon goes by the name, too
     desk = Desk(world, (300, 300), (600, 500))
     for _ in range(2):
         check(not any("SKIP" in state for state in states(desk.main_number)),
@@ -74,6 +75,8 @@ def one_entry(world):
         for number in (desk.main_number, desk.list_number):
             name = output_of("xprop", "-id", number, "-notype", "_NET_WM_NAME").decode()
             check(name.strip().endswith('"Orvan Music Player"'), f"a window says {name}")
+            group = output_of("xprop", "-id", number, "-notype", "WM_CLASS").decode()
+            check(group.strip().endswith('"orvan", "orvan"'), f"a window belongs to {group}")
         desk.click_list(MINIMISE)
         desk.closed()
         desk.open()
