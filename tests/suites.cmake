@@ -70,12 +70,13 @@ function(orvan_test_suite name label)
     endif()
 endfunction()
 
-# orvan_private_desktop(NAME DIR LABEL): a virtual desktop that the tests with this fixture share,
+# orvan_private_desktop(NAME DIR LABEL [MANAGER]): a virtual desktop, under another window manager
+# than openbox if one is named, that the tests with this fixture share,
 # one after the other. CTest starts it before the first of them and stops it after the last; if it
 # can't start, they fail.
 set(ORVAN_DESKTOP ${CMAKE_CURRENT_LIST_DIR}/desktop)
 function(orvan_private_desktop name dir label)
-    add_test(NAME "${name}: starts" COMMAND ${ORVAN_DESKTOP}/desktop start ${dir})
+    add_test(NAME "${name}: starts" COMMAND ${ORVAN_DESKTOP}/desktop start ${dir} ${ARGN})
     add_test(NAME "${name}: stops" COMMAND ${ORVAN_DESKTOP}/desktop stop ${dir})
     set_tests_properties("${name}: starts" PROPERTIES
         LABELS ${label} FIXTURES_SETUP ${name} TIMEOUT 300)
@@ -99,11 +100,11 @@ function(orvan_desktop_suite name)
     orvan_needs(${name} packages test desktop)
 endfunction()
 
-# orvan_scenarios(SUITE SCRIPT SUBJECT [SYSTEM SYSTEM] [UNDER COMMAND...] [AFTER FIXTURE...]
+# orvan_scenarios(SUITE SCRIPT SUBJECT [SYSTEM SYSTEM [WHICH]] [UNDER COMMAND...] [AFTER FIXTURE...]
 # PROPERTIES ...): one test a scenario of a Python script, named by its sentence, each run on the
 # subject; of the scenarios for one system, if one is given.
 function(orvan_scenarios suite script subject)
-    cmake_parse_arguments(PARSE_ARGV 3 tests "" "SYSTEM" "UNDER;AFTER;PROPERTIES")
+    cmake_parse_arguments(PARSE_ARGV 3 tests "" "" "SYSTEM;UNDER;AFTER;PROPERTIES")
     get_filename_component(folder ${script} DIRECTORY)
     file(GLOB modules CONFIGURE_DEPENDS ${folder}/*.py)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${modules})

@@ -52,6 +52,8 @@ bool start(int argumentCount, char** arguments) {
     // Never deleted: windows, timers and the tray icon may outlive any order of destruction.
     static QApplication* const application = new QApplication(count, kept);
     application->setApplicationName(QStringLiteral("orvan"));
+    // What a window without a title is called.
+    application->setApplicationDisplayName(QStringLiteral("Orvan Music Player"));
     application->setDesktopFileName(QStringLiteral("orvan"));
     application->setQuitOnLastWindowClosed(false);
     watchSessionEnd();

@@ -42,7 +42,11 @@ void leaveOutMinimising(QWidget& dialog) {
 KeptInFront::KeptInFront(QWidget& dialog) : dialog_(&dialog) {
     dialogs().emplace_back(&dialog);
     dialog.installEventFilter(this);
-    if (x::isThere()) leaveOutMinimising(dialog);
+    if (!x::isThere()) return;
+    leaveOutMinimising(dialog);
+    // Qt adds the program's name to a title.
+    if (!dialog.windowTitle().isEmpty())
+        x::setTitle(static_cast<xcb_window_t>(dialog.winId()), dialog.windowTitle().toStdString());
 }
 
 KeptInFront::~KeptInFront() {

@@ -19,6 +19,9 @@ class OwnMoves {
     /// The program places the window. `now` in milliseconds of a clock that never runs back.
     void note(Point place, std::int64_t now);
 
+    /// The window is hidden, and what was done to it leaves no echo.
+    void forget() { moves_.clear(); }
+
     /// Whether the window system's word of `place` only repeats a move of the program.
     [[nodiscard]] bool isEcho(Point place, std::int64_t now) const;
 

@@ -1,6 +1,8 @@
 #include "platform/linux/tray_icon.h"
 
 #include "platform/linux/hook.h"
+#include "platform/linux/window_table.h"
+#include "platform/linux/window_widget.h"
 #include "platform/window.h"
 
 #include <QApplication>
@@ -106,6 +108,10 @@ TrayIcon::TrayIcon(WindowHandle hook)
 }
 
 void TrayIcon::show() {
+    // Trays call the icon by it. The windows keep their class, which is this name as the first of
+    // them finds it.
+    if (WindowWidget* const window = firstWindow()) window->winId();
+    QCoreApplication::setApplicationName(QGuiApplication::applicationDisplayName());
     if (!menu_.isEmpty()) icon_.setContextMenu(&menu_);
     icon_.show();
     if (isOwnWindow())

@@ -57,7 +57,10 @@ WindowWidget* firstWindow() {
 
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
     const WindowHandle handle = ++table().last;
-    table().windows.emplace(handle, new WindowWidget(options, std::move(events)));
+    const WindowWidget* const main = options.frame == Frame::None ? firstWindow() : nullptr;
+    auto* const widget = new WindowWidget(options, std::move(events));
+    if (main != nullptr) widget->setBesideMain();
+    table().windows.emplace(handle, widget);
     return handle;
 }
 

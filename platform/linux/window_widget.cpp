@@ -4,17 +4,22 @@
 #include "platform/linux/keys.h"
 #include "platform/linux/picture_image.h"
 #include "platform/linux/press_place.h"
+#include "platform/linux/task_bar.h"
+#include "platform/linux/x_server.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QWheelEvent>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -57,6 +62,13 @@ Point pixelAt(QPointF place) {
             static_cast<std::int32_t>(std::floor(place.y()))};
 }
 
+bool isOnAScreen(const QRect& window) {
+    const auto screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
+        return screen->geometry().intersects(window);
+    });
+}
+
 } // namespace
 
 WindowWidget::WindowWidget(const WindowOptions& options, WindowEvents events)
@@ -88,6 +100,7 @@ void WindowWidget::place(Point place, Size outer) {
         move(place.x + 1, place.y);
     }
     place_ = place;
+    if (isVisible()) exposuresUntilPlaced_ = 0;
     ownMoves_.note(place_, milliseconds());
     move(place_.x, place_.y);
     tellMoved();
@@ -101,11 +114,22 @@ void WindowWidget::resizeTo(Size outer) {
 }
 
 void WindowWidget::reveal() {
+    if (!isVisible()) beginToShow();
     if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
     bringDialogsToFront();
+}
+
+/// What was done to the hidden window isn't repeated by the window system.
+void WindowWidget::beginToShow() {
+    if (besideMain_) leaveOutOfTaskBar(*this);
+    winId();
+    windowHandle()->installEventFilter(this);
+    exposuresUntilPlaced_ = 2;
+    ownMoves_.forget();
+    ownMoves_.note(place_, milliseconds());
 }
 
 void WindowWidget::cut(const RegionRows& rows) {
@@ -133,6 +157,18 @@ bool WindowWidget::event(QEvent* event) {
     return QWidget::event(event);
 }
 
+bool WindowWidget::eventFilter(QObject* /*watched*/, QEvent* event) {
+    // Qt tells of one when the window is mapped, and of one when it can be seen, by when the window
+    // manager has placed it, though the word of it may still be under way.
+    if (event->type() != QEvent::Expose || !windowHandle()->isExposed()) return false;
+    if (exposuresUntilPlaced_ == 0 || --exposuresUntilPlaced_ > 0) return false;
+    exposuresUntilPlaced_ = 1;
+    x::awaitServer();
+    QMetaObject::invokeMethod(
+        this, [this] { exposuresUntilPlaced_ = 0; }, Qt::QueuedConnection);
+    return false;
+}
+
 void WindowWidget::paintEvent(QPaintEvent* /*event*/) {
     const Picture* asked = nullptr;
     if (events_.paint) lifetime_.run([&] { asked = &events_.paint(); });
@@ -146,8 +182,31 @@ void WindowWidget::paintEvent(QPaintEvent* /*event*/) {
 void WindowWidget::moveEvent(QMoveEvent* /*event*/) {
     const Point now{pos().x(), pos().y()};
     if (!isVisible() || now == place_ || ownMoves_.isEcho(now, milliseconds())) return;
-    place_ = now;
+    if (!standsAgain(now)) take(now);
+}
+
+/// Some window managers put where a window should stand a frame that they then do without. Whether
+/// this one was asked for the right place, which is done once for each showing.
+bool WindowWidget::standsAgain(Point placed) {
+    if (std::exchange(exposuresUntilPlaced_, 0) == 0) return false;
+    if (!isOnAScreen({QPoint(place_.x, place_.y), size()})) return false;
+    ownMoves_.note(placed, milliseconds()); // it may be told more than once
+    ownMoves_.note(place_, milliseconds());
+    move(place_.x, place_.y);
+    return true;
+}
+
+void WindowWidget::take(Point place) {
+    place_ = place;
     tellMoved();
+}
+
+/// A window manager that refuses a move needn't say so; the pointer's two places do.
+void WindowWidget::takeTruePlace(const QMouseEvent& event) {
+    const QPoint corner = (event.globalPosition() - event.position()).toPoint();
+    const Point now{corner.x(), corner.y()};
+    const bool rounded = std::abs(now.x - place_.x) <= 1 && std::abs(now.y - place_.y) <= 1;
+    if (!rounded && !ownMoves_.isEcho(now, milliseconds())) take(now);
 }
 
 void WindowWidget::closeEvent(QCloseEvent* event) {
@@ -174,6 +233,7 @@ void WindowWidget::mousePressEvent(QMouseEvent* event) { tellPress(*event, false
 void WindowWidget::mouseDoubleClickEvent(QMouseEvent* event) { tellPress(*event, true); }
 
 void WindowWidget::mouseReleaseEvent(QMouseEvent* event) {
+    takeTruePlace(*event);
     tellPointer(PointerAction::Release, *event);
 }
 
@@ -202,6 +262,8 @@ void WindowWidget::tellPress(const QMouseEvent& event, bool secondPress) {
     // Qt counts a press on another window, which was under this one, as a first press too.
     static const WindowWidget* pressedLast = nullptr;
     const bool sameWindow = std::exchange(pressedLast, this) == this;
+    exposuresUntilPlaced_ = 0;
+    takeTruePlace(event);
     tellPointer(PointerAction::Press, event, secondPress && sameWindow);
 }
 

@@ -28,6 +28,9 @@ class WindowWidget : public QWidget {
     /// Shows the window in front of the others, also if the user has minimised it.
     void reveal();
 
+    /// The window is a second one beside the main window, which stands for it in task bars.
+    void setBesideMain() { besideMain_ = true; }
+
     void cut(const RegionRows& rows);
     /// Runs a handler that belongs to the window, unless the window has ended.
     void run(const std::function<void()>& handler) { lifetime_.run(handler); }
@@ -41,6 +44,7 @@ class WindowWidget : public QWidget {
 
   protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -59,12 +63,18 @@ class WindowWidget : public QWidget {
                      bool secondPress = false);
     void tell(const PointerEvent& event);
     void tellMoved();
+    void take(Point place);
+    void takeTruePlace(const QMouseEvent& event);
+    bool standsAgain(Point placed);
+    void beginToShow();
     void resizeTo(Size outer);
 
     WindowEvents events_;
     Frame frame_;
     Point place_;
     OwnMoves ownMoves_;
+    int exposuresUntilPlaced_ = 0; ///< 0 once the window manager has placed what it shows
+    bool besideMain_ = false;
     Tooltip tooltip_;
     int wheelRemainder_ = 0;
     Lifetime lifetime_{*this};

@@ -48,6 +48,13 @@ void setProperty(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
                         static_cast<std::uint32_t>(values.size()), values.data());
 }
 
+void setTitle(xcb_window_t window, const std::string& utf8) {
+    constexpr std::uint8_t bits = 8;
+    xcb_change_property(server(), XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_NAME"),
+                        atom("UTF8_STRING"), bits, static_cast<std::uint32_t>(utf8.size()),
+                        utf8.data());
+}
+
 bool isShowingDesktop() {
     if (!isThere()) return false;
     const auto value = property(root(), atom("_NET_SHOWING_DESKTOP"), XCB_ATOM_CARDINAL);

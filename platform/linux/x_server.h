@@ -34,6 +34,9 @@ std::string nameOf(xcb_atom_t atom);
 void setProperty(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
                  const std::vector<std::uint32_t>& values);
 
+/// Gives a window a title, as it stands.
+void setTitle(xcb_window_t window, const std::string& utf8);
+
 /// Whether the desktop shows itself alone, all windows cleared away. False without a server.
 bool isShowingDesktop();
 

@@ -37,14 +37,27 @@ class Desk:
         world.save(settings_line(main, listing, docked, paths))
         self.begin(main)
         self.open()
-        check(self.list() == listing, f"the playlist opens at {self.list()}, not {listing}")
+        self.comes_to_stand(self.list, listing, "the playlist")
+
+    @classmethod
+    def of(cls, world, player, window):
+        """A player that has been started, the playlist closed."""
+        desk = cls.__new__(cls)
+        world.stack.callback(xdotool, "mouseup", 1)
+        desk.world, desk.player = world, player
+        desk.main_number, desk.list_number = window.number, None
+        return desk
 
     def begin(self, main):
         """Starts the player, the playlist closed."""
         self.player = self.world.start()
         self.main_number = self.player.face().number
         self.list_number = None
-        check(self.main() == main, f"the main window opens at {self.main()}, not {main}")
+        self.comes_to_stand(self.main, main, "the main window")
+
+    def comes_to_stand(self, place, wanted, what):
+        """Some window managers have to be asked twice."""
+        wait_until(lambda: place() == wanted, f"{what} at {wanted}, not at {place()}", self.player)
 
     def shown(self):
         """The numbers of the windows on the screen, not of the tray's icon."""

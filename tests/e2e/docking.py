@@ -9,7 +9,8 @@ from scenario import scenario
 from world import Screenshot, check, output_of, wait_until
 
 
-@scenario("the main window docks from 14 pixels above the playlist, stays at 15, and lines up")
+@scenario("the main window docks from 14 pixels above the playlist, stays at 15, and lines up",
+          managed=True)
 def docks_from_above(world):
     desk = Desk(world, (600, 100), (100, 300))
     desk.take_main()
@@ -41,7 +42,8 @@ def docks_at_four_sides(world):
     desk.release()
 
 
-@scenario("a stacked pair stands on the bottom of the screen and goes past it")
+@scenario("a stacked pair stands on the bottom of the screen and goes past it",
+          managed=True)
 def pair_at_the_bottom(world):
     desk = Desk(world, (300, 300), (300, 382))
     desk.take_main()
@@ -99,7 +101,8 @@ def pulls_away(world):
     desk.release()
 
 
-@scenario("the screen's edges pull at each window from 19 pixels and not from 20")
+@scenario("the screen's edges pull at each window from 19 pixels and not from 20",
+          managed=True)
 def snaps_at_the_edges(world):
     desk = Desk(world, (300, 300), (600, 450))
     desk.take_main((270, 72))
@@ -142,7 +145,8 @@ def under_a_panel(world):
     desk.release()
 
 
-@scenario("the list opens and closes by every key, and each leaves the dock as it should")
+@scenario("the list opens and closes by every key, and each leaves the dock as it should",
+          managed=True)
 def opens_and_closes(world):
     desk = Desk(world, (300, 300), (300, 382))
 
@@ -201,7 +205,8 @@ def stale_dock(world):
     desk.release()
 
 
-@scenario("places and dock are saved, come back at the next start, and contact decides anew")
+@scenario("places and dock are saved, come back at the next start, and contact decides anew",
+          managed=True)
 def keeps_places(world):
     desk = Desk(world, (300, 300), (310, 382))
     line = desk.settings_at_exit()
@@ -216,7 +221,8 @@ def keeps_places(world):
     desk.release()
 
 
-@scenario("a drag leaves no trace: the windows are under the pointer at every step")
+@scenario("a drag leaves no trace: the windows are under the pointer at every step",
+          managed=True)
 def does_not_drift(world):
     chance = random.Random(7)
     desk = Desk(world, (300, 300), (300, 382))
@@ -237,7 +243,8 @@ def does_not_drift(world):
 
 
 @scenario("a window taken in a hurry doesn't slip from under the pointer",
-          only="linux", because="Windows tells where the pointer is, not where it was at the press")
+          only="linux", because="Windows tells where the pointer is, not where it was at the press",
+          managed=True)
 def taken_in_a_hurry(world):
     desk = Desk(world, (300, 300), (600, 600))
     place = (300, 300)
@@ -279,7 +286,8 @@ def whole_picture(world):
     desk.release()
 
 
-@scenario("the window manager closing the list hides it, and the list opens again where it was")
+@scenario("the window manager closing the list hides it, and the list opens again where it was",
+          managed=True)
 def closed_from_outside(world):
     desk = Desk(world, (300, 300), (300, 382))
     xdotool("windowactivate", "--sync", desk.list_number, "key", "alt+F4")

@@ -33,6 +33,11 @@ class BusTray:
         self.process.stdin.write("Icons\n")
         return int(self.process.stdout.readline())
 
+    def title(self):
+        """What the icon calls itself."""
+        self.process.stdin.write("Title\n")
+        return self.process.stdout.readline().strip()
+
     def call(self, *names):
         for name in names:
             self.process.stdin.write(name + "\n")
@@ -46,6 +51,7 @@ def restores_from_the_bus(world):
     tray = BusTray(world)
     player, window = start_with(world)
     tray.says("icon")
+    check(tray.title() == "Orvan Music Player", f"the icon calls itself {tray.title()}")
     click(window, MINIMISE)
     wait_until_gone(player, window, "the window to hide")
     tray.call("Activate")

@@ -5,27 +5,34 @@ import sys
 import traceback
 
 SCENARIOS = {}
+MANAGED = set()  # those that window managers tell apart
 REASONS = {}  # of the scenarios that drive one system's program only: the system, and why
 
 
-def scenario(sentence, only=None, because=None):
-    """Takes a function as a scenario, for the programs of all systems or, with a reason, of one."""
+def scenario(sentence, only=None, because=None, managed=False):
+    """Takes a function as a scenario, for the programs of all systems or, with a reason, of one.
+
+    Where much is up to the window manager it is `managed`, and runs under several of them.
+    """
     def keep(function):
         if sentence in SCENARIOS:
             raise ValueError(f"two scenarios say: {sentence}")
         if (only is None) != (because is None):
             raise ValueError(f"what holds for one system only needs a reason: {sentence}")
         SCENARIOS[sentence] = function
+        if managed:
+            MANAGED.add(sentence)
         if only:
             REASONS[sentence] = only, because
         return function
     return keep
 
 
-def of_system(system=None):
+def of_system(system=None, which="all"):
     """The sentences of the scenarios that drive this system's program, or of all."""
     return [sentence for sentence in SCENARIOS
-            if system is None or REASONS.get(sentence, (system,))[0] == system]
+            if (system is None or REASONS.get(sentence, (system,))[0] == system) and
+            (which == "all" or sentence in MANAGED)]
 
 
 def left_out():
@@ -47,7 +54,8 @@ def check_list(file):
 def run(new_world):
     """What a file of scenarios ends in.
 
-    FILE --list [SYSTEM]      lists them, or those that drive one system's program
+    FILE --list [SYSTEM [managed]]   lists them, or those that drive one system's program; of
+                              these, those that are up to the window manager
     FILE --check-list TEXT    whether a text tells of each scenario that one system leaves out
     FILE SUBJECT SENTENCE     runs one in a new world
     """

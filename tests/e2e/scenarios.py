@@ -2,6 +2,7 @@
 """The shipped program in a real window, heard and seen from outside.
 
 scenarios.py --list SYSTEM      the scenarios that drive the program of linux or windows, a line each
+scenarios.py --list SYSTEM managed   of these, those that run under several window managers
 scenarios.py --check-list FILE  whether a file tells of each scenario that one system leaves out
 scenarios.py PROGRAM SENTENCE   runs one
 """
@@ -12,6 +13,7 @@ import docking  # noqa: F401
 import face  # noqa: F401
 import modality  # noqa: F401
 import notifier  # noqa: F401
+import placing  # noqa: F401
 import playlist  # noqa: F401
 import restarted_tray  # noqa: F401
 import sessions  # noqa: F401

@@ -194,7 +194,8 @@ def ending_signals(world):
         ended_by(world, lambda player, window: player.process.send_signal(number))
 
 
-@scenario("the window manager closing the main window has the player save and end")
+@scenario("the window manager closing the main window has the player save and end",
+          managed=True)
 def closed_by_the_window_manager(world):
     def close(player, window):
         xdotool("windowfocus", "--sync", window.number, "key", "alt+F4")

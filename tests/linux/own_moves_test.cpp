@@ -29,6 +29,15 @@ TEST_CASE("an old place is no echo any more") {
     CHECK_FALSE(moves.isEcho({10, 20}, 1001 + OwnMoves::EchoTime));
 }
 
+TEST_CASE("what was done to a hidden window has no echo") {
+    OwnMoves moves;
+    moves.note({10, 20}, 0);
+    moves.forget();
+    moves.note({30, 40}, 1);
+    CHECK_FALSE(moves.isEcho({10, 20}, 2));
+    CHECK(moves.isEcho({30, 40}, 2));
+}
+
 TEST_CASE("a place taken again counts from the last time") {
     OwnMoves moves;
     moves.note({10, 20}, 0);

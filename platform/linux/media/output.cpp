@@ -1,5 +1,6 @@
 #include "platform/linux/media/output.h"
 
+#include "platform/linux/media/stream_words.h"
 #include "platform/linux/media/volume_words.h"
 
 #include <algorithm>
@@ -7,7 +8,6 @@
 #include <chrono>
 #include <cstddef>
 #include <pulse/pulseaudio.h>
-#include <string>
 
 namespace platform::media {
 namespace {
@@ -47,11 +47,6 @@ pa_sample_spec samplingOf(const SoundFormat& format) {
     sampling.rate = static_cast<std::uint32_t>(format.rate);
     sampling.channels = 2;
     return sampling;
-}
-
-std::string streamNameOf(const std::string& hostPath) {
-    const std::string name = hostPath.substr(hostPath.rfind('/') + 1);
-    return pa_utf8_valid(name.c_str()) != nullptr ? name : std::string("music");
 }
 
 /// Sent, and nobody waits for the answer.
@@ -164,8 +159,10 @@ void Output::makeStream() {
         return;
     }
     const pa_sample_spec sampling = samplingOf(track_->format());
-    const std::string name = streamNameOf(track_->hostPath());
-    stream_.reset(pa_stream_new(server_.context(), name.c_str(), &sampling, nullptr));
+    const PropertiesHandle words = streamProperties(track_->hostPath());
+    stream_.reset(words ? pa_stream_new_with_proplist(server_.context(), nullptr, &sampling,
+                                                      nullptr, words.get())
+                        : nullptr);
     if (!stream_) {
         lose();
         return;

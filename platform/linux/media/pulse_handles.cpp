@@ -23,6 +23,8 @@ void PulseCloser::operator()(pa_stream* stream) const {
 
 void PulseCloser::operator()(pa_operation* question) const { pa_operation_unref(question); }
 
+void PulseCloser::operator()(pa_proplist* words) const { pa_proplist_free(words); }
+
 void TimerCloser::operator()(pa_time_event* timer) const { loop->time_free(timer); }
 
 } // namespace platform::media

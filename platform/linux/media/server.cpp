@@ -1,5 +1,7 @@
 #include "platform/linux/media/server.h"
 
+#include "platform/linux/media/stream_words.h"
+
 #include <algorithm>
 #include <pulse/pulseaudio.h>
 #include <utility>
@@ -9,8 +11,6 @@ namespace {
 
 // How long a server that has let somebody wait in vain is waited for.
 constexpr std::chrono::milliseconds shortPatience{50};
-
-constexpr const char* applicationName = "Orvan Music Player";
 
 } // namespace
 
@@ -80,7 +80,9 @@ void Server::connect() {
     {
         const Lock lock(*this);
         context_.reset();
-        context_.reset(pa_context_new(pa_threaded_mainloop_get_api(loop()), applicationName));
+        const PropertiesHandle words = applicationProperties();
+        context_.reset(pa_context_new_with_proplist(pa_threaded_mainloop_get_api(loop()),
+                                                    applicationName, words.get()));
         fresh = context_.get();
         if (fresh != nullptr)
             pa_context_set_state_callback(fresh, &Server::onConnectionState, this);

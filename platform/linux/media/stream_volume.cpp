@@ -1,5 +1,6 @@
 #include "platform/linux/media/stream_volume.h"
 
+#include "platform/linux/media/stream_words.h"
 #include "platform/linux/media/volume_words.h"
 
 #include <chrono>
@@ -11,7 +12,6 @@ namespace platform::media {
 namespace {
 
 constexpr std::chrono::milliseconds patience{500};
-constexpr const char* keptName = "sink-input-by-application-name:Orvan Music Player";
 
 std::uint32_t wordOf(const pa_cvolume& volume, const pa_channel_map& map) {
     pa_cvolume sides = volume;
@@ -105,12 +105,32 @@ bool StreamVolume::setOfStream(std::uint32_t stream, std::uint32_t word) {
     return answered && answer.good;
 }
 
+const char* StreamVolume::keptName() {
+    if (keptName_ != nullptr) return keptName_;
+    Server& server = output_.server();
+    Answer<bool> isPipeWire{server};
+    const auto take = [](pa_context*, const pa_server_info* info, void* to) {
+        auto* it = static_cast<Answer<bool>*>(to);
+        it->good = info != nullptr && info->server_name != nullptr;
+        it->value = it->good &&
+                    std::string_view(info->server_name).find("PipeWire") != std::string_view::npos;
+        it->server.answered();
+    };
+    const bool answered = server.ask(
+        [&](pa_context* context) { return pa_context_get_server_info(context, take, &isPipeWire); },
+        patience);
+    const char* const name = isPipeWire.value ? volumeNameOfRole : keptVolumeName;
+    if (answered && isPipeWire.good) keptName_ = name;
+    return name;
+}
+
 std::optional<StreamVolume::Kept> StreamVolume::readKept() {
     Server& server = output_.server();
     Answer<Kept> answer{server};
+    answer.value.name = keptName();
     const auto take = [](pa_context*, const pa_ext_stream_restore_info* info, int end, void* to) {
         auto* it = static_cast<Answer<Kept>*>(to);
-        if (info != nullptr && end == 0 && std::string_view(info->name) == keptName) {
+        if (info != nullptr && end == 0 && std::string_view(info->name) == it->value.name) {
             it->value.found = true;
             it->value.mute = info->mute;
             if (info->volume.channels > 0) it->value.word = wordOf(info->volume, info->channel_map);
@@ -133,7 +153,7 @@ bool StreamVolume::writeKept(const Kept& kept) {
     Server& server = output_.server();
     Answer<int> answer{server};
     pa_ext_stream_restore_info info{};
-    info.name = keptName;
+    info.name = kept.name;
     pa_channel_map_init_stereo(&info.channel_map);
     info.volume = volumeOf(kept.word);
     info.device = kept.hasDevice ? kept.device.c_str() : nullptr;

@@ -25,6 +25,7 @@ class StreamVolume {
   private:
     /// What the server keeps for the player's next stream.
     struct Kept {
+        const char* name = nullptr; ///< that the server keeps it under
         bool supported = false;
         bool found = false;
         std::uint32_t word = 0xFFFFFFFF;
@@ -35,10 +36,12 @@ class StreamVolume {
 
     std::optional<std::uint32_t> getOfStream(std::uint32_t stream);
     bool setOfStream(std::uint32_t stream, std::uint32_t word);
+    const char* keptName();
     std::optional<Kept> readKept();
     bool writeKept(const Kept& kept);
 
     Output& output_;
+    const char* keptName_ = nullptr;   ///< once the server has told which it is
     std::optional<std::uint32_t> own_; ///< where the server keeps nothing
 };
 

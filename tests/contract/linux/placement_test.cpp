@@ -135,6 +135,24 @@ TEST_CASE("a move that the window manager makes is told") {
     CHECK(standsAt({444, 222}));
 }
 
+TEST_CASE(
+    "where the window manager puts a window that was on no screen is told, wherever that is") {
+    const Point nowhere{5000, 200};
+    Point put;
+    {
+        const Placed placed(nowhere);
+        showWindow(placed.handle, true);
+        REQUIRE(contract::waitUntil([&] { return !placed.told.empty(); }));
+        put = placed.told.back();
+        REQUIRE(put.x < 1024);
+    }
+    // A place that the window had while it was hidden is no less news.
+    const Placed placed(put);
+    MoveWindow(placed.handle, nowhere.x, nowhere.y, 120, 80, true);
+    showWindow(placed.handle, true);
+    CHECK(contract::waitUntil([&] { return placed.told.back() == put; }));
+}
+
 TEST_CASE("a window takes its new size from a move") {
     Placed placed({300, 200});
     showWindow(placed.handle, true);

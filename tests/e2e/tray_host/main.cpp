@@ -2,8 +2,8 @@
 /// says "ready" once it is there and "icon" for each icon that comes, and passes on to the latest
 /// icon what it reads, a line each, and says "done" after each: "Activate" for a click,
 /// "ContextMenu" for a right one, "Pick" and a caption for an entry of the menu that the icon gives
-/// away. "Icons" has it say how many have come instead. Called with "--gnome" it has the name of
-/// GNOME's shell too.
+/// away. "Icons" has it say how many have come instead, "Title" what the icon calls itself. Called
+/// with "--gnome" it has the name of GNOME's shell too.
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -71,6 +71,7 @@ class Watcher : public QDBusVirtualObject {
 
     void pass(const std::string& call) const {
         const std::string pick = "Pick ";
+        if (call == "Title") return say(property(QStringLiteral("Title")).toString().toStdString());
         if (call == "Icons") return say(std::to_string(icons_));
         if (call.starts_with(pick)) return choose(QString::fromStdString(call.substr(pick.size())));
         QDBusMessage message =
@@ -82,15 +83,19 @@ class Watcher : public QDBusVirtualObject {
     }
 
   private:
-    /// Picks an entry as hosts do that show the menu themselves.
-    void choose(const QString& caption) const {
-        const QDBusConnection bus = QDBusConnection::sessionBus();
+    [[nodiscard]] QVariant property(const QString& name) const {
         QDBusMessage ask = QDBusMessage::createMethodCall(
             icon_, QStringLiteral("/StatusNotifierItem"),
             QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-        ask << itemInterface << QStringLiteral("Menu");
-        const QVariant told = bus.call(ask).arguments().value(0).value<QDBusVariant>().variant();
-        const QString path = told.value<QDBusObjectPath>().path();
+        ask << itemInterface << name;
+        const QDBusMessage answer = QDBusConnection::sessionBus().call(ask);
+        return answer.arguments().value(0).value<QDBusVariant>().variant();
+    }
+
+    /// Picks an entry as hosts do that show the menu themselves.
+    void choose(const QString& caption) const {
+        const QDBusConnection bus = QDBusConnection::sessionBus();
+        const QString path = property(QStringLiteral("Menu")).value<QDBusObjectPath>().path();
         const QString menu = QStringLiteral("com.canonical.dbusmenu");
         QDBusMessage list =
             QDBusMessage::createMethodCall(icon_, path, menu, QStringLiteral("GetLayout"));

@@ -50,6 +50,23 @@ TEST_CASE("each side has its own volume, and the server's mixer shows it") {
     CHECK(levelOf(heard, stretches[0], 1) == doctest::Approx(11585.0 / 8).epsilon(0.05));
 }
 
+TEST_CASE("the sound says whose it is and what is played, and its volume stays the player's own") {
+    const SoundServer server;
+    REQUIRE(platform::waveOutGetNumDevs() == 1);
+    const OpenFile file(write("A tune with \u00fc.wav", wave(tone(440, 5000))));
+    REQUIRE(playAll() == 0);
+    REQUIRE(waitUntil([] { return position() > 100; }));
+    const std::string inputs = server.control("list sink-inputs");
+    for (const std::string word :
+         {"application.name = \"Orvan Music Player\"", "application.id = \"orvan\"",
+          "application.icon_name = \"orvan\"", "media.role = \"music\"",
+          "media.name = \"A tune with \u00fc.wav\"", "media.title = \"A tune with \u00fc.wav\"",
+          "module-stream-restore.id = \"sink-input-by-application-name:Orvan Music Player\""}) {
+        CAPTURE(word);
+        CHECK(inputs.find(word) != std::string::npos);
+    }
+}
+
 TEST_CASE("every volume set reads back, with a file playing and without") {
     const SoundServer server;
     REQUIRE(platform::waveOutGetNumDevs() == 1);
