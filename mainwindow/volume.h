@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 /// The volume slider's travel, in twips, and its levels.
 namespace volume {
 
@@ -18,9 +20,8 @@ constexpr double shareOf(float left) {
 }
 
 /// The thumb's place for a share of 0 to 1, in whole twips.
-constexpr float leftOf(double share) {
-    return static_cast<float>(LowestLeft +
-                              static_cast<int>(share * (HighestLeft - LowestLeft) + 0.5));
+inline float leftOf(double share) {
+    return static_cast<float>(LowestLeft + std::lround(share * (HighestLeft - LowestLeft)));
 }
 
 } // namespace volume

@@ -34,8 +34,8 @@ struct RemoteEvents {
     std::function<std::int32_t()> position; ///< for those who want to know: what has been heard, ms
 };
 
-/// Lets the desktop ask from now on, and no earlier than the first window is shown. Called once;
-/// nothing happens where there is nobody to ask.
+/// Lets the desktop ask from now on, in place of whom it could ask before. Called once a window is
+/// shown; nothing happens where there is nobody to ask.
 void offerRemote(RemoteEvents events);
 
 /// Tells the present state; called when it has changed.

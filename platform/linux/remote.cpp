@@ -19,6 +19,7 @@ MediaPlayer*& player() {
 } // namespace
 
 void offerRemote(RemoteEvents events) {
+    delete player();
     player() = new MediaPlayer(std::move(events));
     // Behind the events of the first window, which comes to the screen first.
     QTimer::singleShot(0, player(), [] { player()->appear(); });
