@@ -1,11 +1,14 @@
 #include "app/modMain.h"
 
 #include "app/window_shapes.h"
+#include "mainwindow/remote.h"
 #include "platform/regions.h"
 #include "platform/system.h"
 #include "playback/Mpeg.h"
 #include "shell/AboutBox.h"
 #include "toolkit/app.h"
+
+#include <memory>
 
 namespace {
 
@@ -22,7 +25,7 @@ void shapeWindows(ModMain& program) {
 
 } // namespace
 
-ModMain::ModMain() = default;
+ModMain::ModMain() : remote(std::make_unique<Remote>(frmPlayer)) {}
 ModMain::~ModMain() = default;
 
 void ModMain::Main() {
@@ -39,6 +42,7 @@ void ModMain::Main() {
     // Without a wave device the player carries on all the same.
     engine->DevicesPresent();
     shapeWindows(*this);
+    remote->offer();
 }
 
 AboutBox& ModMain::aboutBox() {

@@ -12,6 +12,7 @@
 
 class AboutBox;
 class Mpeg;
+class Remote;
 
 /// The process-wide values and both windows: the one root object, from which all else hangs.
 struct ModMain {
@@ -32,6 +33,7 @@ struct ModMain {
 
     FrmPlayer frmPlayer{*this};
     FrmPlaylist frmPlaylist{*this};
+    std::unique_ptr<Remote> remote; ///< what the desktop is told and may ask
 
     /// The about box, made at its first use.
     AboutBox& aboutBox();

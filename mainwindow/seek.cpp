@@ -16,6 +16,11 @@ float draggedLeft(runtime::Fixed position, runtime::Fixed pressPosition, runtime
     return static_cast<float>(share * ThumbTravel + pressLeft);
 }
 
+float leftOf(std::int32_t place, std::int32_t length) {
+    const double share = static_cast<double>(place) / length;
+    return static_cast<float>(ThumbStart + share * ThumbTravel);
+}
+
 runtime::Fixed soughtPosition(runtime::Fixed length, runtime::Fixed offset,
                               std::int32_t devicePosition) {
     return runtime::Fixed(length.toDouble() * (offset.toDouble() / ThumbTravel) +

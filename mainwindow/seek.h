@@ -26,6 +26,9 @@ runtime::Fixed dragOffset(std::int32_t pointerTravel, runtime::Fixed length,
 float draggedLeft(runtime::Fixed position, runtime::Fixed pressPosition, runtime::Fixed length,
                   std::int32_t pressLeft);
 
+/// `Left` of the thumb at a place of a track, both ms; at the end exactly the end of the travel.
+float leftOf(std::int32_t place, std::int32_t length);
+
 /// The position that a distance asks for, from where the device stands now.
 runtime::Fixed soughtPosition(runtime::Fixed length, runtime::Fixed offset,
                               std::int32_t devicePosition);

@@ -2,6 +2,7 @@
 
 #include "app/frmPlayer.h"
 #include "app/modMain.h"
+#include "mainwindow/remote.h"
 #include "mainwindow/seconds.h"
 #include "mainwindow/seek.h"
 #include "mainwindow/time_labels.h"
@@ -10,6 +11,18 @@
 #include "playback/Mpeg.h"
 #include "runtime/rounding.h"
 #include "toolkit/event_loop.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+void seekDevice(FrmPlayer& player, runtime::Int32 place) {
+    player.engine().MoveMPEG(place);
+    player.modMain.remote->sought(place);
+}
+
+} // namespace
 
 void moveThumb(FrmPlayer& player, toolkit::Twips left) {
     player.pctprogressbar.Move(left);
@@ -28,7 +41,22 @@ void seekOrSkip(FrmPlayer& player) {
     if (player.pctprogressbar.Left() > seek::ThumbEnd)
         player.nextfile();
     else
-        player.engine().MoveMPEG(runtime::roundToInt32(player.trackPositionSeconds * 1000));
+        seekDevice(player, runtime::roundToInt32(player.trackPositionSeconds * 1000));
+}
+
+void jumpTo(FrmPlayer& player, std::int64_t place) {
+    if (player.engine().Status() != "Playing") return;
+    const runtime::Int32 length = player.engine().Duration();
+    if (length <= 0) return;
+    if (place > length.value()) return player.nextfile();
+    const auto inTrack = static_cast<std::int32_t>(std::max(place, std::int64_t{0}));
+    player.trackLengthSeconds = secondsOf(length);
+    player.trackPositionSeconds = secondsOf(runtime::Int32(inTrack));
+    const float left = seek::leftOf(inTrack, length.value());
+    player.seekOffset = runtime::Fixed(static_cast<double>(left - player.pctprogressbar.Left()));
+    moveThumb(player, left);
+    seekOrSkip(player);
+    writeSeekLabels(player);
 }
 
 void keepPositionInTrack(FrmPlayer& player) {

@@ -1,3 +1,5 @@
+#include "mainwindow/volume_slider.h"
+
 #include "app/frmPlayer.h"
 #include "app/modMain.h"
 #include "mainwindow/volume.h"
@@ -27,6 +29,17 @@ void followPointer(FrmPlayer& player) {
 }
 
 } // namespace
+
+void slideVolume(FrmPlayer& player, double share) {
+    // A share that is no number at all is silence.
+    if (!(share > 0))
+        stopAt(player, volume::LowestLevel, volume::LowestLeft);
+    else if (share >= 1)
+        stopAt(player, volume::StopLevel, volume::HighestLeft);
+    else
+        stopAt(player, volume::levelOf(volume::leftOf(share)), volume::leftOf(share));
+    player.volumeThumbLeft = runtime::roundToInt32(static_cast<double>(player.pctvolume.Left()));
+}
 
 void FrmPlayer::pctvolume_MouseDown() {
     mouseHeld = true;

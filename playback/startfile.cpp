@@ -1,6 +1,8 @@
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
+#include "app/modMain.h"
 #include "mainwindow/keys.h"
+#include "mainwindow/remote.h"
 #include "mainwindow/seek.h"
 #include "mainwindow/seek_thumb.h"
 #include "playback/Mpeg.h"
@@ -17,7 +19,9 @@ void openSelected(FrmPlayer& player) {
     player.seekOffset = 0;
     Mpeg& engine = player.engine();
     if (engine.Status() == "Playing") engine.StopM();
-    engine.FileName(player.window.hWnd(), player.trackPaths[player.playlist().List1.ListIndex()]);
+    std::string& path = player.trackPaths[player.playlist().List1.ListIndex()];
+    engine.FileName(player.window.hWnd(), path);
+    player.modMain.remote->trackOpened(path);
 }
 
 void startOrResume(FrmPlayer& player) {

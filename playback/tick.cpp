@@ -1,6 +1,8 @@
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
+#include "app/modMain.h"
 #include "mainwindow/alarm_panel.h"
+#include "mainwindow/remote.h"
 #include "mainwindow/seconds.h"
 #include "mainwindow/seek.h"
 #include "mainwindow/seek_thumb.h"
@@ -22,6 +24,7 @@ void showProgress(FrmPlayer& player) {
     playlist.lblTitle.Caption(counterText(position, length));
     player.trackLengthSeconds = secondsOf(engine.Duration());
     player.trackPositionSeconds = secondsOf(engine.CurrentPosition());
+    player.modMain.remote->lengthRead();
     writeTime(player);
     followTrack(player);
 }

@@ -9,6 +9,7 @@ namespace toolkit {
 namespace {
 
 bool fatalEnd = false;
+void (*watcher)() = nullptr;
 
 /// Tests replace the end of the process by an exception, after which another player may start.
 struct FatalEnd {
@@ -21,6 +22,12 @@ struct FatalEnd {
 } // namespace
 
 bool endingFatally() { return fatalEnd; }
+
+void watchEvents(void (*watch)()) { watcher = watch; }
+
+void eventHappened() {
+    if (watcher != nullptr) watcher();
+}
 
 void endFatally(const runtime::NumberedError& error) {
     const FatalEnd end;

@@ -13,12 +13,20 @@ namespace toolkit {
 /// True from the fatal message on.
 bool endingFatally();
 
+/// Has `watch` run after everything that the platform calls, inside dialogs and yields too; null
+/// for nothing. It must be quick, and let no event run.
+void watchEvents(void (*watch)());
+
+/// Runs it, if there is any.
+void eventHappened();
+
 /// Runs code that the platform calls. An error that no trap inside took is the fatal end.
 template <class Code>
 void guarded(Code&& code) {
     if (endingFatally()) return;
     try {
         code();
+        eventHappened();
     } catch (const runtime::NumberedError& error) {
         endFatally(error);
     } catch (const std::bad_alloc&) {

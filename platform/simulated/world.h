@@ -6,6 +6,7 @@
 #include "platform/simulated/media.h"
 #include "platform/simulated/misuse.h"
 #include "platform/simulated/regions.h"
+#include "platform/simulated/remote.h"
 #include "platform/simulated/shell.h"
 #include "platform/simulated/text.h"
 #include "platform/simulated/window.h"
@@ -39,6 +40,7 @@ struct World {
     Dialogs dialogs;
     Messages messages;
     Tray tray;
+    Remote remote;
     std::vector<std::string> notes;
     std::function<void(const std::string&)> watch; ///< runs with every note, as it happens
 };

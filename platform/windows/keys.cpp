@@ -65,7 +65,9 @@ bool tellKey(WindowState& state, UINT message, WPARAM first) {
         tellCharacter(state, static_cast<wchar_t>(first));
         return true;
     }
-    if (message != WM_KEYDOWN) return false;
+    // The system makes commands of these.
+    const bool ofMedia = first >= VK_MEDIA_NEXT_TRACK && first <= VK_MEDIA_PLAY_PAUSE;
+    if (message != WM_KEYDOWN || ofMedia) return false;
     const Key key = keyOf(first);
     if (key != Key::Other) tell(state, key, key == Key::Space ? " " : "");
     return true;

@@ -3,6 +3,7 @@
 #include "platform/windows/keys.h"
 #include "platform/windows/pointer.h"
 #include "platform/windows/push_button.h"
+#include "platform/windows/remote.h"
 #include "platform/windows/window_table.h"
 
 #include <cstdint>
@@ -98,6 +99,8 @@ bool handled(WindowState& state, UINT message, WPARAM first, LPARAM second) {
         return true;
     case WM_SETCURSOR:
         return pointerShaped(state, first, second);
+    case WM_APPCOMMAND:
+        return tellAppCommand(second);
     case WM_SYSCOMMAND:
         return refusesState(state, first);
     case WM_SIZE:
@@ -114,12 +117,17 @@ bool handled(WindowState& state, UINT message, WPARAM first, LPARAM second) {
     }
 }
 
+/// What a message that has been dealt with is answered by.
+LRESULT answerTo(UINT message) {
+    return message == WM_ERASEBKGND || message == WM_SETCURSOR || message == WM_APPCOMMAND ? TRUE
+                                                                                           : FALSE;
+}
+
 } // namespace
 
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     const WindowRecord state = findWindow(window);
-    if (state != nullptr && handled(*state, message, first, second))
-        return message == WM_ERASEBKGND || message == WM_SETCURSOR ? TRUE : FALSE;
+    if (state != nullptr && handled(*state, message, first, second)) return answerTo(message);
     return DefWindowProcW(window, message, first, second);
 }
 
