@@ -2,6 +2,7 @@
 
 #include "platform/system.h"
 #include "runtime/errors.h"
+#include "toolkit/accessibility.h"
 #include "toolkit/event_loop.h"
 #include "toolkit/guard.h"
 #include "toolkit/screen.h"
@@ -67,13 +68,22 @@ void Form::createWindow() {
             ClosedBySystem();
         });
     };
+    if (Accessible)
+        events.accessible = [this]() -> const platform::AccessibleWindow& { return accessible(); };
     window_ = platform::createWindow(options, std::move(events));
     for (Control* control : controls_)
         control->windowMade(window_);
     changed();
 }
 
+const platform::AccessibleWindow& Form::accessible() {
+    if (accessibility_ == nullptr)
+        accessibility_ = std::make_unique<Accessibility>(*this, Accessible());
+    return accessibility_->window();
+}
+
 void Form::close() {
+    if (accessibility_ != nullptr) accessibility_->stop();
     for (Timer* timer : timers_)
         timer->detach();
     if (window_ == 0) return;
@@ -201,6 +211,7 @@ void Form::changed() {
     stale_ = true;
     if (window_ == 0) return;
     platform::requestPaint(window_);
+    if (accessibility_ != nullptr) accessibility_->changed();
     refreshTooltip();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/simulated/accessibility.h"
 #include "platform/simulated/desktop.h"
 #include "platform/simulated/events.h"
 #include "platform/simulated/files.h"
@@ -39,6 +40,7 @@ struct World {
     Dialogs dialogs;
     Messages messages;
     Tray tray;
+    Reader reader;
     std::vector<std::string> notes;
     std::function<void(const std::string&)> watch; ///< runs with every note, as it happens
 };
