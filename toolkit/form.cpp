@@ -12,6 +12,22 @@
 
 namespace toolkit {
 
+namespace {
+
+const platform::AccessibleWindow& nothingToTell() {
+    using platform::AccessiblePlace;
+    static const platform::AccessibleWindow nothing{
+        "",
+        [] { return std::vector<std::int32_t>(); },
+        [](AccessiblePlace) { return platform::AccessibleThing(); },
+        [](AccessiblePlace) {},
+        [](AccessiblePlace) {},
+        [](std::int32_t, double) {}};
+    return nothing;
+}
+
+} // namespace
+
 Form::Form(FormData data) : data_(std::move(data)), bounds_(data_.bounds) {}
 
 Form::~Form() { close(); }
@@ -77,6 +93,8 @@ void Form::createWindow() {
 }
 
 const platform::AccessibleWindow& Form::accessible() {
+    // The system may ask while it makes the window, when the form isn't loaded yet.
+    if (window_ == 0) return nothingToTell();
     if (accessibility_ == nullptr)
         accessibility_ = std::make_unique<Accessibility>(*this, Accessible());
     return accessibility_->window();

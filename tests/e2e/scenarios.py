@@ -13,6 +13,7 @@ import face  # noqa: F401
 import modality  # noqa: F401
 import notifier  # noqa: F401
 import playlist  # noqa: F401
+import reading  # noqa: F401
 import restarted_tray  # noqa: F401
 import sessions  # noqa: F401
 import shell  # noqa: F401
