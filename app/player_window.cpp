@@ -1,8 +1,10 @@
+#include "app/accessible_windows.h"
 #include "app/frmPlayer.h"
 #include "app/pictures.h"
 #include "mainwindow/keys.h"
 #include "shell/clsSysTray.h"
 #include "shell/menus.h"
+#include "toolkit/accessible.h"
 #include "toolkit/dir_list_box.h"
 #include "toolkit/event_loop.h"
 #include "toolkit/list_box.h"
@@ -86,6 +88,7 @@ void connectEvents(FrmPlayer& p) {
     p.window.QueryUnload = [&p] { p.Form_QueryUnload(); };
     // What the system closes is gone for good: nothing visible would be left to run.
     p.window.ClosedBySystem = [] { toolkit::leaveEventLoop(); };
+    p.window.Accessible = [&p] { return accessibleTableOf(p); };
     p.window.MouseDown = [&p](const toolkit::MouseArguments& at) { p.Form_MouseDown(at); };
     p.window.MouseMove = [&p](const auto&) { p.Form_MouseMove(); };
     p.window.MouseUp = [&p](const auto&) { p.Form_MouseUp(); };

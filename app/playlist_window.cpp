@@ -1,8 +1,10 @@
+#include "app/accessible_windows.h"
 #include "app/frmPlaylist.h"
 #include "app/modMain.h"
 #include "app/pictures.h"
 #include "movement/playlist_visibility.h"
 #include "playlist/playlist_keys.h"
+#include "toolkit/accessible.h"
 #include "toolkit/window_table.h"
 
 namespace {
@@ -65,6 +67,7 @@ FrmPlaylist::FrmPlaylist(ModMain& shared) : window(data()), modMain(shared) {
     toolkit::layOut<W>(*this, window, controls, skinPicture);
     toolkit::setTexts<W>(*this, texts);
     List1.setText(listFont, toolkit::LightBlue);
+    window.Accessible = [this] { return accessibleTableOf(*this); };
     window.MouseDown = [this](const auto&) { Form_MouseDown(); };
     window.MouseMove = [this](const auto&) { Form_MouseMove(); };
     window.MouseUp = [this](const auto&) { Form_MouseUp(); };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/accessibility.h"
 #include "platform/picture.h"
 #include "platform/text.h"
 #include "platform/types.h"
@@ -39,6 +40,8 @@ struct WindowEvents {
     std::function<const Picture&()> paint; ///< asked for when the window has to show something new
     std::function<void(Point)> moved;      ///< new top left corner, screen pixels
     std::function<void()> closing;         ///< the system closes the window, or the session ends
+    /// What a screen reader can ask of the window; good until the next event.
+    std::function<const AccessibleWindow&()> accessible;
 };
 
 enum class Frame {

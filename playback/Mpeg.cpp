@@ -39,7 +39,9 @@ void Mpeg::FileName(platform::WindowHandle hWnd, const std::string& Path) {
     CommandText command;
     command.set("open " + shortPath.first(length) + " type MpegVideo Alias mpeg parent " +
                 std::to_string(hWnd) + " Style 1073741824");
-    if (send(command.c_str())) status_ = "Idle";
+    if (!send(command.c_str())) return;
+    status_ = "Idle";
+    openedPath_ = Path;
 }
 
 void Mpeg::PlayM() {

@@ -18,6 +18,8 @@ class Mpeg {
     /// device. It stays "Playing" at the end of a track until somebody calls `StopM`.
     [[nodiscard]] const std::string& Status() const { return status_; }
     void Status(const std::string& status) { status_ = status; }
+    /// The file that was opened last.
+    [[nodiscard]] const std::string& OpenedPath() const { return openedPath_; }
 
     /// Opens a file, parented to a window. "Idle" on success.
     void FileName(platform::WindowHandle hWnd, const std::string& Path);
@@ -52,4 +54,5 @@ class Mpeg {
 
     ModMain& shared_;
     std::string status_ = "Idle";
+    std::string openedPath_;
 };

@@ -67,6 +67,7 @@ platform::Picture programIcon() {
 
 AboutBox::AboutBox() : window(data()) {
     layOut();
+    window.Accessible = [this] { return accessibleTable(); };
     window.Load = [this] { Form_Load(); };
     Timer1.Tick = [this] { Timer1_Timer(); };
     cmdBack.Click = [this] { cmdBack_Click(); };
@@ -92,6 +93,15 @@ void AboutBox::layOut() {
     window.add(cmdBack);
     window.add(Image1);
     window.add(Label12);
+}
+
+/// The platform tells of its push button by itself.
+toolkit::AccessibleTable AboutBox::accessibleTable() {
+    toolkit::Accessible text;
+    text.name = "Credits";
+    text.parts = {&Picture1};
+    text.value = [this] { return Text1.Text(); };
+    return {data().caption, {textOf("Version", Label12), text}, {&Image1}};
 }
 
 void AboutBox::Form_Load() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/accessible.h"
 #include "toolkit/command_button.h"
 #include "toolkit/form.h"
 #include "toolkit/image.h"
@@ -25,6 +26,7 @@ class AboutBox {
 
   private:
     void layOut();
+    toolkit::AccessibleTable accessibleTable();
     void Form_Load();
     void Timer1_Timer();
     void cmdBack_Click();

@@ -2,6 +2,7 @@
 
 #include "platform/system.h"
 #include "runtime/errors.h"
+#include "toolkit/accessibility.h"
 #include "toolkit/event_loop.h"
 #include "toolkit/guard.h"
 #include "toolkit/screen.h"
@@ -10,6 +11,22 @@
 #include <utility>
 
 namespace toolkit {
+
+namespace {
+
+const platform::AccessibleWindow& nothingToTell() {
+    using platform::AccessiblePlace;
+    static const platform::AccessibleWindow nothing{
+        "",
+        [] { return std::vector<std::int32_t>(); },
+        [](AccessiblePlace) { return platform::AccessibleThing(); },
+        [](AccessiblePlace) {},
+        [](AccessiblePlace) {},
+        [](std::int32_t, double) {}};
+    return nothing;
+}
+
+} // namespace
 
 Form::Form(FormData data) : data_(std::move(data)), bounds_(data_.bounds) {}
 
@@ -67,13 +84,24 @@ void Form::createWindow() {
             ClosedBySystem();
         });
     };
+    if (Accessible)
+        events.accessible = [this]() -> const platform::AccessibleWindow& { return accessible(); };
     window_ = platform::createWindow(options, std::move(events));
     for (Control* control : controls_)
         control->windowMade(window_);
     changed();
 }
 
+const platform::AccessibleWindow& Form::accessible() {
+    // The system may ask while it makes the window, when the form isn't loaded yet.
+    if (window_ == 0) return nothingToTell();
+    if (accessibility_ == nullptr)
+        accessibility_ = std::make_unique<Accessibility>(*this, Accessible());
+    return accessibility_->window();
+}
+
 void Form::close() {
+    if (accessibility_ != nullptr) accessibility_->stop();
     for (Timer* timer : timers_)
         timer->detach();
     if (window_ == 0) return;
@@ -201,6 +229,7 @@ void Form::changed() {
     stale_ = true;
     if (window_ == 0) return;
     platform::requestPaint(window_);
+    if (accessibility_ != nullptr) accessibility_->changed();
     refreshTooltip();
 }
 

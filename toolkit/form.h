@@ -9,10 +9,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace toolkit {
+
+class Accessibility;
+struct AccessibleTable;
 
 /// What a form is before its code runs.
 struct FormData {
@@ -70,6 +74,8 @@ class Form {
     std::function<void()> ClosedBySystem;
     /// What the system's wish to close the window does, in place of unloading it; if set.
     std::function<void()> CloseWished;
+    /// What screen readers tell of the window; made when one first asks. Not set: nothing.
+    std::function<AccessibleTable()> Accessible;
     MouseHandler MouseDown;
     MouseHandler MouseMove;
     MouseHandler MouseUp;
@@ -94,6 +100,13 @@ class Form {
     /// Has the window painted anew once the running handler is done.
     void changed();
 
+    /// Has done what a press, a move or a release there does; the tooltip stays with the pointer.
+    void handle(const platform::PointerEvent& event);
+    /// A press is in progress.
+    [[nodiscard]] bool pressed() const { return captured_; }
+    /// The topmost control that shows at a place in client pixels; null for the bare background.
+    [[nodiscard]] Control* controlAt(platform::Point place) const;
+
   private:
     void centre();
     void createWindow();
@@ -101,12 +114,12 @@ class Form {
     void place();
     void moved(platform::Point corner);
     const platform::Picture& paint();
+    const platform::AccessibleWindow& accessible();
 
     void dispatch(const platform::PointerEvent& event);
     void press(const platform::PointerEvent& event);
     void move(const platform::PointerEvent& event);
     void release(const platform::PointerEvent& event);
-    [[nodiscard]] Control* controlAt(platform::Point place) const;
     [[nodiscard]] MouseArguments argumentsFor(const Control* target,
                                               const platform::PointerEvent& event) const;
     void refreshTooltip();
@@ -131,6 +144,7 @@ class Form {
     platform::Point pointer_;
     bool pointerInside_ = false;
     std::string tooltip_;
+    std::unique_ptr<Accessibility> accessibility_; ///< null until a reader asks
 };
 
 } // namespace toolkit

@@ -57,9 +57,14 @@ MouseArguments Form::argumentsFor(const Control* target,
 }
 
 void Form::dispatch(const platform::PointerEvent& event) {
-    using platform::PointerAction;
     pointer_ = event.position;
-    pointerInside_ = event.action != PointerAction::Leave;
+    pointerInside_ = event.action != platform::PointerAction::Leave;
+    handle(event);
+    refreshTooltip();
+}
+
+void Form::handle(const platform::PointerEvent& event) {
+    using platform::PointerAction;
     switch (event.action) {
     case PointerAction::Press:
         press(event);
@@ -76,7 +81,6 @@ void Form::dispatch(const platform::PointerEvent& event) {
     case PointerAction::Leave:
         break;
     }
-    refreshTooltip();
 }
 
 void Form::press(const platform::PointerEvent& event) {

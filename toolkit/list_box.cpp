@@ -25,6 +25,7 @@ bool startsAlike(const std::string& text, const std::string& letter) {
 void ListBox::AddItem(const std::string& text) {
     touch();
     items_.push_back(text);
+    ++rowChanges_;
     changed();
 }
 
@@ -37,6 +38,7 @@ void ListBox::RemoveItem(runtime::Int16 index) {
         selected_ = -1;
     else if (at < selected_)
         --selected_;
+    ++rowChanges_;
     scrollTo(top_);
     changed();
 }
@@ -44,6 +46,7 @@ void ListBox::RemoveItem(runtime::Int16 index) {
 void ListBox::Clear() {
     touch();
     items_.clear();
+    ++rowChanges_;
     selected_ = -1;
     top_ = 0;
     changed();
@@ -186,6 +189,16 @@ void ListBox::select(std::int32_t index) {
     if (index >= 0 && index < top_) top_ = index;
     if (index >= top_ + Rows) top_ = index - Rows + 1;
     changed();
+}
+
+void ListBox::bringIntoView(std::int32_t index) {
+    scrollTo(std::clamp(top_, index - Rows + 1, index));
+}
+
+platform::Rect ListBox::rowArea(std::int32_t index) const {
+    const platform::Rect box = area();
+    const std::int32_t top = box.top + (index - top_) * rowHeight();
+    return {box.left, top, box.right, top + rowHeight()};
 }
 
 void ListBox::scrollTo(std::int32_t top) {

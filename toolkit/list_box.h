@@ -38,6 +38,13 @@ class ListBox : public Control {
     [[nodiscard]] runtime::Int16 TopIndex() const;
     void TopIndex(runtime::Int16 index);
 
+    /// Scrolls as little as it takes to have an entry in a row.
+    void bringIntoView(std::int32_t index);
+    /// The row of an entry, client pixels of the window; above or below the box if out of view.
+    [[nodiscard]] platform::Rect rowArea(std::int32_t index) const;
+    /// How often entries were added or removed.
+    [[nodiscard]] std::uint32_t rowChanges() const { return rowChanges_; }
+
     /// Set once, from the window table; loads nothing.
     void setText(platform::Font font, StoredColour colour);
 
@@ -57,6 +64,7 @@ class ListBox : public Control {
     std::vector<std::string> items_;
     std::int32_t selected_ = -1;
     std::int32_t top_ = 0;
+    std::uint32_t rowChanges_ = 0;
     bool selecting_ = false;
     platform::Font font_;
     StoredColour colour_ = Yellow;

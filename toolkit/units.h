@@ -20,4 +20,9 @@ struct Bounds {
 platform::Rect toPixels(const Bounds& bounds);
 platform::Point toPixels(Twips left, Twips top);
 
+/// The pixel in the middle of an area.
+inline platform::Point middleOf(const platform::Rect& area) {
+    return {(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+}
+
 } // namespace toolkit

@@ -4,10 +4,18 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace platform {
 namespace {
+
+/// Those that there are, lifted ones among them.
+std::vector<const InputBarrier*>& allBarriers() {
+    static std::vector<const InputBarrier*> all;
+    return all;
+}
 
 bool isInput(QEvent::Type type) {
     switch (type) {
@@ -32,12 +40,21 @@ bool isInput(QEvent::Type type) {
 InputBarrier::InputBarrier(const std::vector<WindowWidget*>& barred, QWidget& front,
                            std::function<void()> lifted)
     : front_(&front), kept_(front), lifted_(std::move(lifted)) {
+    allBarriers().push_back(this);
     front.installEventFilter(this);
     for (WindowWidget* const window : barred) {
         bar(*window);
         for (QWidget* const button : window->findChildren<QWidget*>())
             bar(*button);
     }
+}
+
+InputBarrier::~InputBarrier() { std::erase(allBarriers(), this); }
+
+bool InputBarrier::bars(const WindowWidget& window) {
+    return std::any_of(allBarriers().begin(), allBarriers().end(), [&](const InputBarrier* one) {
+        return std::find(one->barred_.begin(), one->barred_.end(), &window) != one->barred_.end();
+    });
 }
 
 void InputBarrier::bar(QWidget& widget) {

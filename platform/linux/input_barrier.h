@@ -20,8 +20,14 @@ class InputBarrier : public QObject {
     /// `lifted` runs once, when `front` hides, also on the way to being destroyed.
     InputBarrier(const std::vector<WindowWidget*>& barred, QWidget& front,
                  std::function<void()> lifted);
+    Q_DISABLE_COPY_MOVE(InputBarrier)
+
+    ~InputBarrier() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+    /// Whether any barrier keeps the user from a window.
+    static bool bars(const WindowWidget& window);
 
   private:
     void bar(QWidget& widget);

@@ -1,5 +1,6 @@
 #include "platform/window.h"
 
+#include "platform/linux/accessibility.h"
 #include "platform/linux/hook.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
@@ -56,6 +57,7 @@ WindowWidget* firstWindow() {
 }
 
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
+    welcomeReaders();
     const WindowHandle handle = ++table().last;
     const WindowWidget* const main = options.frame == Frame::None ? firstWindow() : nullptr;
     auto* const widget = new WindowWidget(options, std::move(events));

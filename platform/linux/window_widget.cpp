@@ -148,6 +148,12 @@ void WindowWidget::askToClose() {
     if (events_.closing) lifetime_.run(events_.closing);
 }
 
+const AccessibleWindow* WindowWidget::accessible() {
+    const AccessibleWindow* told = nullptr;
+    if (events_.accessible) lifetime_.run([&] { told = &events_.accessible(); });
+    return told;
+}
+
 bool WindowWidget::event(QEvent* event) {
     // Tab is a key like any other here: there is nothing inside to move the focus to.
     if (event->type() == QEvent::KeyPress) {

@@ -42,6 +42,10 @@ class WindowWidget : public QWidget {
 
     [[nodiscard]] Frame frame() const { return frame_; }
 
+    [[nodiscard]] bool tellsReaders() const { return events_.accessible != nullptr; }
+    /// What a reader is told, good until the next event; null once the window has ended.
+    const AccessibleWindow* accessible();
+
   protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

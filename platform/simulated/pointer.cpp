@@ -40,6 +40,7 @@ WindowHandle windowUnder(Point screen) {
 }
 
 void send(WindowHandle handle, PointerEvent event) {
+    world.reader.standIn.reset();
     const auto found = world.windows.all.find(handle);
     if (found == world.windows.all.end() || !enabled(handle)) return;
     const Point origin = clientOrigin(found->second);

@@ -22,7 +22,7 @@ bool SystemParametersInfoA(std::uint32_t request, std::uint32_t /*parameter*/, R
 bool GetCursorPos(Point* point) {
     ++world.desktop.cursorsAsked;
     if (point == nullptr) return false;
-    *point = world.desktop.cursor;
+    *point = world.reader.standIn.value_or(world.desktop.cursor);
     return true;
 }
 

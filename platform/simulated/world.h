@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/simulated/accessibility.h"
 #include "platform/simulated/desktop.h"
 #include "platform/simulated/events.h"
 #include "platform/simulated/files.h"
@@ -41,6 +42,7 @@ struct World {
     Messages messages;
     Tray tray;
     Remote remote;
+    Reader reader;
     std::vector<std::string> notes;
     std::function<void(const std::string&)> watch; ///< runs with every note, as it happens
 };

@@ -1,5 +1,7 @@
 #include "platform/windows/pointer.h"
 
+#include "platform/windows/stand_in.h"
+
 #include <cstdint>
 #include <utility>
 
@@ -44,6 +46,7 @@ PointerEvent eventOf(PointerAction action, Point position, WPARAM keys) {
 }
 
 void tell(WindowState& state, const PointerEvent& event) {
+    pointerStandIn().reset();
     if (state.events.pointer) state.events.pointer(event);
 }
 

@@ -1,6 +1,7 @@
 #include "platform/system.h"
 
 #include "platform/windows/handles.h"
+#include "platform/windows/stand_in.h"
 
 #include <cstdint>
 
@@ -19,7 +20,7 @@ bool SystemParametersInfoA(std::uint32_t request, std::uint32_t parameter, Rect*
 bool GetCursorPos(Point* point) {
     POINT place = {};
     if (point == nullptr || ::GetCursorPos(&place) == FALSE) return false;
-    *point = {place.x, place.y};
+    *point = pointerStandIn().value_or(Point{place.x, place.y});
     return true;
 }
 
