@@ -39,6 +39,9 @@ class WindowWidget : public QWidget {
 
     [[nodiscard]] Frame frame() const { return frame_; }
 
+    /// See `platform::pictureScale`.
+    [[nodiscard]] double pictureScale() const;
+
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -190,6 +190,7 @@ TEST_CASE("the program's picture in the about box is there at every scale, with 
         REQUIRE(icon.width == 32 * n);
         REQUIRE(icon.height == 32 * n);
         CHECK(icon.row(0)[0] < 0x01000000U);
-        CHECK(icon.row(16 * n)[16 * n] >= 0xFF000000U);
+        const std::int32_t middle = 16 * n;
+        CHECK(icon.row(middle)[middle] >= 0xFF000000U);
     }
 }
