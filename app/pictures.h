@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/picture.h"
+#include "toolkit/artwork.h"
 
 #include <string_view>
 
-/// A bitmap of the skin by its file name. A name that isn't there is a fault of the build: the
-/// process stops at once.
-platform::Picture skinPicture(std::string_view fileName);
+/// A bitmap of the skin by its file name, at all its scales. The name has to last as long as the
+/// program. One that isn't there is a fault of the build: the process stops at once.
+toolkit::Artwork skinPicture(std::string_view fileName);

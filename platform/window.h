@@ -37,9 +37,11 @@ struct KeyEvent {
 struct WindowEvents {
     std::function<void(const PointerEvent&)> pointer;
     std::function<void(const KeyEvent&)> key;
-    std::function<const Picture&()> paint; ///< asked for when the window has to show something new
-    std::function<void(Point)> moved;      ///< new top left corner, screen pixels
-    std::function<void()> closing;         ///< the system closes the window, or the session ends
+    /// Asked for when the window has to show something new: the client area, each of its edges at
+    /// `deviceEdge` of the window's `pictureScale`. One of the area's own size is enlarged.
+    std::function<const Picture&()> paint;
+    std::function<void(Point)> moved; ///< new top left corner, screen pixels
+    std::function<void()> closing;    ///< the system closes the window, or the session ends
     /// What a screen reader can ask of the window; good until the next event.
     std::function<const AccessibleWindow&()> accessible;
 };
@@ -92,6 +94,10 @@ bool setNormalState(WindowHandle window);
 /// reach. The others take input again from then on, even if such a dialog keeps the call from
 /// returning.
 void showWindowModal(WindowHandle window);
+
+/// How many pixels a window's picture should now have for one of its client area's, 1 to 4. Where
+/// it changes the window is asked to paint.
+double pictureScale(WindowHandle window);
 
 /// Has `paint` called, once, before the event loop next waits.
 void requestPaint(WindowHandle window);

@@ -4,6 +4,7 @@
 #include "platform/system.h"
 #include "toolkit/bitmap.h"
 #include "toolkit/cursor.h"
+#include "toolkit/png.h"
 
 #include <cstdint>
 #include <string>
@@ -56,11 +57,14 @@ toolkit::FormData data() {
     return form;
 }
 
-/// The program's icon in the size of its image.
-platform::Picture programIcon() {
+/// The program's icon in the size of its image; larger displays have pictures of their own.
+toolkit::Artwork programIcon() {
+    platform::Picture natural;
     for (platform::Picture& picture : toolkit::decodeIcon(assets::file("orvan.ico"), iconSide))
-        if (picture.width == iconSide) return std::move(picture);
-    return {};
+        if (picture.width == iconSide) natural = std::move(picture);
+    return {std::move(natural), [](std::int32_t times) {
+                return toolkit::decodePng(assets::file(std::to_string(times) + "x/icon.png"));
+            }};
 }
 
 } // namespace

@@ -71,6 +71,6 @@ void Control::Visible(bool visible) {
 
 bool Control::clicksWith(platform::PointerButton) const { return true; }
 
-void Control::paint(platform::Picture&, const platform::Rect&) const {}
+void Control::paint(const Canvas&, const platform::Rect&) const {}
 
 } // namespace toolkit

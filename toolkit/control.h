@@ -11,6 +11,7 @@
 namespace toolkit {
 
 class Form;
+struct Canvas;
 
 /// What a mouse event tells its handler. X and Y are twips relative to the control.
 struct MouseArguments {
@@ -61,8 +62,8 @@ class Control {
     virtual void windowMade(platform::WindowHandle) {}
     /// Whether a press and release of this button on the control is a click of it.
     [[nodiscard]] virtual bool clicksWith(platform::PointerButton button) const;
-    /// Draws the control on the form's picture, inside `area`.
-    virtual void paint(platform::Picture& target, const platform::Rect& area) const;
+    /// Draws the control on the form's canvas, inside `area`.
+    virtual void paint(const Canvas& target, const platform::Rect& area) const;
     /// Lets the control itself react before its handlers run. Places are pixels of its own area.
     virtual void pointer(const platform::PointerEvent&) {}
     virtual void key(const platform::KeyEvent&) {}

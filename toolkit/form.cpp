@@ -1,5 +1,6 @@
 #include "toolkit/form.h"
 
+#include "platform/device_pixels.h"
 #include "platform/system.h"
 #include "runtime/errors.h"
 #include "toolkit/accessibility.h"
@@ -234,14 +235,18 @@ void Form::changed() {
 }
 
 const platform::Picture& Form::paint() {
-    if (!stale_) return picture_;
+    const double scale = platform::pictureScale(window_);
+    if (!stale_ && scale == scale_) return picture_;
     stale_ = false;
+    scale_ = scale;
     const platform::Rect area = toPixels(bounds_);
     const platform::Rect client{0, 0, area.right - area.left, area.bottom - area.top};
-    picture_ = platform::Picture(client.right, client.bottom, pixelOf(data_.backColour));
-    blit(picture_, client, {0, 0}, data_.picture);
+    const platform::Rect whole = platform::deviceRect(client, scale);
+    picture_ = platform::Picture(whole.right, whole.bottom, pixelOf(data_.backColour));
+    const Canvas canvas{picture_, scale, {}};
+    lay(canvas, client, {0, 0}, data_.picture);
     for (auto control = controls_.rbegin(); control != controls_.rend(); ++control)
-        if ((*control)->shown()) (*control)->paint(picture_, (*control)->area());
+        if ((*control)->shown()) (*control)->paint(canvas, (*control)->area());
     return picture_;
 }
 

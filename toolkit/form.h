@@ -24,13 +24,13 @@ struct FormData {
     Bounds bounds;        ///< as designed; `left` and `top` count only if not centred
     bool centred = false; ///< in the middle of the screen, frame included, when it loads
     StoredColour backColour = Black;
-    platform::Picture picture; ///< drawn from the top left corner at its natural size
+    Artwork picture; ///< drawn from the top left corner at its natural size
     platform::Frame frame = platform::Frame::None;
 };
 
-/// A top-level window: it holds its controls, topmost first, paints itself into one picture and
-/// sorts what the pointer and the keys do. It loads at the first touch of any property, of its own
-/// or of its controls.
+/// A top-level window: it holds its controls, topmost first, paints itself into one picture, at the
+/// scale that the platform asks for, and sorts what the pointer and the keys do. It loads at the
+/// first touch of any property, of its own or of its controls.
 class Form {
   public:
     explicit Form(FormData data);
@@ -133,6 +133,7 @@ class Form {
     platform::Picture picture_;
     bool visible_ = false;
     bool gone_ = false; ///< closed by the system, not to come back
+    double scale_ = 1;  ///< of the picture: so many of its pixels to one of the window's
     bool stale_ = true;
 
     // The press in progress: who took it (no control stands for the background), and where the

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "toolkit/artwork.h"
 #include "toolkit/control.h"
+
+#include <utility>
 
 namespace toolkit {
 
@@ -8,14 +11,15 @@ namespace toolkit {
 class Image : public Control {
   public:
     /// Set once, from the window table.
-    void setPicture(platform::Picture picture);
-    [[nodiscard]] platform::Size pictureSize() const { return {picture_.width, picture_.height}; }
+    void setPicture(Artwork artwork) { artwork_ = std::move(artwork); }
+    [[nodiscard]] platform::Size pictureSize() const {
+        return {artwork_.natural().width, artwork_.natural().height};
+    }
 
-    void paint(platform::Picture& target, const platform::Rect& area) const override;
+    void paint(const Canvas& target, const platform::Rect& area) const override;
 
   private:
-    platform::Picture picture_;
-    bool opaque_ = true;
+    Artwork artwork_;
 };
 
 } // namespace toolkit

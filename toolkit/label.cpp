@@ -36,14 +36,14 @@ void Label::setText(std::string caption, platform::Font font, StoredColour colou
     colour_ = colour;
 }
 
-void Label::paint(platform::Picture& target, const platform::Rect& area) const {
+void Label::paint(const Canvas& target, const platform::Rect& area) const {
     fill(target, area, pixelOf(backColour_));
     if (caption_.empty()) return;
     // A face taller than its box loses its blank rows above and below alike.
     const std::int32_t spare =
         area.bottom - area.top - platform::measureText(font_, caption_).height;
     const platform::Point origin{area.left, area.top + std::min(spare, 0) / 2};
-    platform::drawText(target, area, origin, font_, pixelOf(colour_), caption_);
+    write(target, area, origin, font_, pixelOf(colour_), caption_);
 }
 
 } // namespace toolkit

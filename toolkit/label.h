@@ -22,7 +22,7 @@ class Label : public Control {
     /// The colour of its box, black if it isn't set.
     void setBackColour(StoredColour colour) { backColour_ = colour; }
 
-    void paint(platform::Picture& target, const platform::Rect& area) const override;
+    void paint(const Canvas& target, const platform::Rect& area) const override;
 
   private:
     std::string caption_;

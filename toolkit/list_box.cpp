@@ -98,7 +98,7 @@ std::int32_t ListBox::rowHeight() const {
     return std::max(1, (box.bottom - box.top) / Rows);
 }
 
-void ListBox::paint(platform::Picture& target, const platform::Rect& box) const {
+void ListBox::paint(const Canvas& target, const platform::Rect& box) const {
     fill(target, box, pixelOf(Black));
     const std::int32_t height = rowHeight();
     for (std::int32_t row = 0; row < Rows && top_ + row < count(); ++row) {
@@ -109,8 +109,8 @@ void ListBox::paint(platform::Picture& target, const platform::Rect& box) const 
         const std::string& text =
             items_[static_cast<std::size_t>(top_) + static_cast<std::size_t>(row)];
         const std::int32_t spare = height - platform::measureText(font_, text).height;
-        platform::drawText(target, place, {place.left + leftMargin, y + spare / 2}, font_,
-                           selected ? selectedText : pixelOf(colour_), text);
+        write(target, place, {place.left + leftMargin, y + spare / 2}, font_,
+              selected ? selectedText : pixelOf(colour_), text);
     }
 }
 

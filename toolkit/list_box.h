@@ -49,7 +49,7 @@ class ListBox : public Control {
     void setText(platform::Font font, StoredColour colour);
 
     [[nodiscard]] bool clicksWith(platform::PointerButton button) const override;
-    void paint(platform::Picture& target, const platform::Rect& area) const override;
+    void paint(const Canvas& target, const platform::Rect& area) const override;
     void pointer(const platform::PointerEvent& event) override;
     void key(const platform::KeyEvent& event) override;
 

@@ -2,16 +2,19 @@
 
 namespace toolkit {
 
-void PictureBox::paint(platform::Picture& target, const platform::Rect& area) const {
+void PictureBox::paint(const Canvas& target, const platform::Rect& area) const {
     fill(target, area, pixelOf(backColour_));
-    blit(target, area, {area.left, area.top}, picture_);
+    lay(target, area, {area.left, area.top}, artwork_);
     if (held_.empty()) return;
     // A picture of the box alone crops whatever its controls draw.
-    platform::Picture inside(area.right - area.left, area.bottom - area.top);
-    blit(inside, {0, 0, inside.width, inside.height}, {-area.left, -area.top}, target);
+    const platform::Rect place = target.onPicture(area);
+    platform::Picture inside(place.right - place.left, place.bottom - place.top);
+    copy(inside, {-place.left, -place.top}, target.picture);
+    const Canvas box{
+        inside, target.scale, {target.origin.x + area.left, target.origin.y + area.top}};
     for (auto control = held_.rbegin(); control != held_.rend(); ++control)
-        if ((*control)->shown()) (*control)->paint(inside, (*control)->area());
-    blit(target, area, {area.left, area.top}, inside);
+        if ((*control)->shown()) (*control)->paint(box, (*control)->area());
+    copy(target.picture, {place.left, place.top}, inside);
 }
 
 } // namespace toolkit

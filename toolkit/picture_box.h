@@ -13,16 +13,16 @@ namespace toolkit {
 class PictureBox : public Control {
   public:
     /// Set once, from the window table.
-    void setPicture(platform::Picture picture) { picture_ = std::move(picture); }
+    void setPicture(Artwork artwork) { artwork_ = std::move(artwork); }
     /// Black if it isn't set.
     void setBackColour(StoredColour colour) { backColour_ = colour; }
     /// Takes a control, placed relative to the box, below those taken before.
     void hold(Control& control) { held_.push_back(&control); }
 
-    void paint(platform::Picture& target, const platform::Rect& area) const override;
+    void paint(const Canvas& target, const platform::Rect& area) const override;
 
   private:
-    platform::Picture picture_;
+    Artwork artwork_;
     StoredColour backColour_ = Black;
     std::vector<Control*> held_;
 };

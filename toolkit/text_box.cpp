@@ -51,16 +51,16 @@ void TextBox::fold(const std::string& line, std::int32_t width) {
     rows_.push_back(runtime::withoutTrailingBlanks(row));
 }
 
-void TextBox::paint(platform::Picture& target, const platform::Rect& area) const {
+void TextBox::paint(const Canvas& target, const platform::Rect& area) const {
     fill(target, area, pixelOf(backColour_));
     const std::int32_t height = platform::measureText(font_, "X").height;
     std::int32_t top = area.top;
     for (const std::string& row : rows_) {
         const std::int32_t spare = area.right - area.left - platform::measureText(font_, row).width;
-        const bool seen = top + height > 0 && top < target.height;
+        const bool seen = target.shows({area.left, top, area.right, top + height});
         if (seen && !row.empty())
-            platform::drawText(target, area, {area.left + std::max(spare / 2, margin), top}, font_,
-                               pixelOf(colour_), row);
+            write(target, area, {area.left + std::max(spare / 2, margin), top}, font_,
+                  pixelOf(colour_), row);
         top += height;
     }
 }

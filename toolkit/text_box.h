@@ -21,7 +21,7 @@ class TextBox : public Control {
     void setText(std::string text, platform::Font font, StoredColour colour,
                  StoredColour backColour);
 
-    void paint(platform::Picture& target, const platform::Rect& area) const override;
+    void paint(const Canvas& target, const platform::Rect& area) const override;
 
   private:
     void fold(const std::string& line, std::int32_t width);

@@ -49,7 +49,7 @@ void layOut(Window& window, Form& form, std::span<const ControlRow<Window>> tabl
                 auto& control = window.*member;
                 control.place(form, row.name, {row.left, row.top, row.width, row.height},
                               row.start == Start::Shown, row.tooltip);
-                if constexpr (requires { control.setPicture(platform::Picture()); })
+                if constexpr (requires { control.setPicture(Artwork()); })
                     if (row.bitmap[0] != '\0') control.setPicture(pictureOf(row.bitmap));
                 form.add(control);
             },

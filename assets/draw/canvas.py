@@ -1,4 +1,8 @@
-"""Pictures as grids of RGB triples, colours in hexadecimal, and their 24-bit BMP form."""
+"""Pictures as grids of RGB triples, colours in hexadecimal, and their 24-bit BMP form.
+
+A picture is described in units, the pixels of its natural size, and drawn with `scale` pixels to a
+unit. Places between units count as the units' own numbers do: the middle of unit 3 is 3.
+"""
 
 import struct
 
@@ -23,6 +27,18 @@ def ramp(stops, place):
     return stops[-1][1]
 
 
+def along(row, place):
+    """The value at `place` of a row of values, the first at 0; the last ones go on at both ends."""
+    place = min(max(place, 0), len(row) - 1)
+    left = int(place)
+    if left == place:
+        return row[left]
+    first, second = row[left], row[left + 1]
+    if isinstance(first, tuple):
+        return mix(first, second, place - left)
+    return first + (second - first) * (place - left)
+
+
 def smooth(share):
     """An S-shaped way from 0 to 1, flat at both ends."""
     share = min(1.0, max(0.0, share))
@@ -30,12 +46,13 @@ def smooth(share):
 
 
 class Canvas:
-    """A picture being drawn; rows count from the top."""
+    """A picture being drawn; rows count from the top. Sizes and boxes are in units."""
 
-    def __init__(self, width, height, fill=(0, 0, 0)):
-        self.width = width
-        self.height = height
-        self.rows = [[fill] * width for _ in range(height)]
+    def __init__(self, width, height, fill=(0, 0, 0), scale=1):
+        self.scale = scale
+        self.width = width * scale
+        self.height = height * scale
+        self.rows = [[fill] * self.width for _ in range(self.height)]
 
     def get(self, x, y):
         return self.rows[y][x]
@@ -48,29 +65,37 @@ class Canvas:
         if share > 0.0:
             self.rows[y][x] = mix(self.rows[y][x], colour, min(1.0, share))
 
+    def cells(self, left, top, width, height):
+        """The pixels of a box, each as (x, y, u, v): its pixel numbers and its place in units."""
+        n = self.scale
+        for y in range(top * n, (top + height) * n):
+            v = (y + 0.5) / n - 0.5
+            for x in range(left * n, (left + width) * n):
+                yield x, y, (x + 0.5) / n - 0.5, v
+
     def box(self, x, y, width, height, colour):
-        for row in range(y, y + height):
-            for column in range(x, x + width):
-                self.rows[row][column] = colour
+        for column, row, _, _ in self.cells(x, y, width, height):
+            self.rows[row][column] = colour
+
+    def veil(self, x, y, width, height, colour, share):
+        """Lays a colour over a box, covering `share` of it."""
+        for column, row, _, _ in self.cells(x, y, width, height):
+            self.tint(column, row, colour, share)
 
     def paste(self, x, y, other):
-        """Lays another picture over this one, cropped to it."""
+        """Lays another picture of this scale over this one, cropped to it."""
+        x, y = x * self.scale, y * self.scale
         for row in range(max(0, -y), min(other.height, self.height - y)):
             for column in range(max(0, -x), min(other.width, self.width - x)):
                 self.rows[y + row][x + column] = other.rows[row][column]
 
     def art(self, x, y, lines, colour):
-        """Draws text art: '#' covers a pixel, '+' six tenths of it, '-' three tenths."""
+        """Draws text art of one pixel a unit: '#' covers it, '+' six tenths, '-' three tenths."""
         shares = {"#": 1.0, "+": 0.6, "-": 0.3}
         for row, line in enumerate(lines):
             for column, mark in enumerate(line):
                 if mark in shares:
                     self.tint(x + column, y + row, colour, shares[mark])
-
-    def copy(self):
-        twin = Canvas(self.width, self.height)
-        twin.rows = [list(row) for row in self.rows]
-        return twin
 
 
 def bmp(canvas):

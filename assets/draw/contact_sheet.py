@@ -2,9 +2,9 @@
 
     contact_sheet.py [FILE]     the sheet goes to build/contact-sheet.png unless told otherwise
 
-Each picture stands there twice, at its own size and four times as large (but for the two
-largest icon images). The windows are
-composed from the files in the folder above, cut to their shape, captions left out.
+Both windows stand there at each scale, then all their states, small and large, and each picture at
+1x enlarged to the largest scale, then as it is drawn at every scale. The windows are composed from
+the files in the folder above, cut to their shape, captions left out.
 """
 
 import pathlib
@@ -13,11 +13,12 @@ import sys
 
 import layout
 from canvas import Canvas, rgb
-from png import png
+from png import png, read
 
 ASSETS = pathlib.Path(__file__).resolve().parent.parent
 GROUND = rgb("8a9096")
-ZOOM = 4
+SCALES = (1, 2, 3, 4)
+ZOOM = SCALES[-1]
 MARGIN = 12
 
 
@@ -32,6 +33,23 @@ def read_bmp(path):
             blue, green, red = data[line + 3 * x : line + 3 * x + 3]
             canvas.put(x, y, (red, green, blue))
     return canvas
+
+
+def read_png(path, scale):
+    width, height, rows = read(path.read_bytes())
+    canvas = Canvas(width // scale, height // scale, scale=scale)
+    canvas.rows = rows
+    return canvas
+
+
+def read_pictures(scale):
+    """Every picture of a scale, by the name of its natural size."""
+    if scale == 1:
+        return {path.name: read_bmp(path) for path in sorted(ASSETS.glob("*.bmp"))}
+    paths = sorted(ASSETS.glob(f"{scale}x/*.png"))
+    pictures = {path.stem + ".bmp": read_png(path, scale) for path in paths}
+    pictures.pop("icon.bmp")
+    return pictures
 
 
 def read_icon(path):
@@ -66,7 +84,7 @@ def read_icon_image(data):
 
 
 def crop(canvas, width, height):
-    box = Canvas(width, height)
+    box = Canvas(width, height, scale=canvas.scale)
     box.paste(0, 0, canvas)
     return box
 
@@ -108,14 +126,21 @@ class Sheet:
         return canvas
 
 
+WINDOWS = (
+    ("frmPlayer.bmp", layout.PLAYER, True),
+    ("frmPlaylist.bmp", layout.PLAYLIST, False),
+)
+
+
 def window(face, table, pictures, upper, pressed=None):
     """One window; `pressed` names a down picture that shows besides those at rest."""
-    canvas = Canvas(*layout.SIZE)
+    scale = pictures[face].scale
+    canvas = Canvas(*layout.SIZE, scale=scale)
     canvas.paste(0, 0, pictures[face])
     for name, left, top, at_rest, *box in reversed(table):
         if not at_rest and name != pressed:
             continue
-        part = pictures[name] if name else Canvas(*box)
+        part = pictures[name] if name else Canvas(*box, scale=scale)
         canvas.paste(left, top, crop(part, *box) if box else part)
     layout.shaped(canvas, upper, GROUND)
     return canvas
@@ -125,23 +150,27 @@ def states(table):
     return [None] + [name for name, _, _, at_rest, *_ in table if not at_rest]
 
 
-def sheet():
-    pictures = {path.name: read_bmp(path) for path in sorted(ASSETS.glob("*.bmp"))}
-    page = Sheet(ZOOM * layout.SIZE[0] + 2 * MARGIN)
-    windows = (
-        ("frmPlayer.bmp", layout.PLAYER, True),
-        ("frmPlaylist.bmp", layout.PLAYLIST, False),
-    )
-    for face, table, upper in windows:
-        page.add(enlarge(window(face, table, pictures, upper), ZOOM))
-    for face, table, upper in windows:
+def add_windows(page, sets):
+    for scale in reversed(SCALES):
+        for face, table, upper in WINDOWS:
+            page.add(window(face, table, sets[scale], upper))
         page.end_line()
-        for pressed in states(table):
-            page.add(window(face, table, pictures, upper, pressed))
+    for scale in SCALES[:2]:
+        for face, table, upper in WINDOWS:
+            page.end_line()
+            for pressed in states(table):
+                page.add(window(face, table, sets[scale], upper, pressed))
     page.end_line()
-    for name, picture in pictures.items():
-        page.add(picture)
+
+
+def sheet():
+    sets = {scale: read_pictures(scale) for scale in SCALES}
+    page = Sheet(2 * ZOOM * layout.SIZE[0] + 3 * MARGIN)
+    add_windows(page, sets)
+    for name, picture in sets[1].items():
         page.add(enlarge(picture, ZOOM))
+        for scale in reversed(SCALES):
+            page.add(sets[scale][name])
     page.end_line()
     for path in sorted(ASSETS.glob("*.ico")) + sorted(ASSETS.glob("*.cur")):
         for image in read_icon(path):

@@ -2,9 +2,10 @@
 
 import frame
 import letters
-from canvas import Canvas, mix, rgb, smooth
+from canvas import Canvas, along, mix, rgb, smooth
 from shapes import rounded
 
+WIDTH = 275
 BLACK = (0, 0, 0)
 WHITE = (255, 255, 255)
 GROOVE = (rgb("213550"), rgb("364c73"), rgb("6479a6"), rgb("a2b6d9"))
@@ -32,60 +33,61 @@ NAMES = (
 FOOT = (rgb("5f6164"), rgb("6c6d70"), rgb("646466"), rgb("55565a"))
 
 
+# The left rail's shadow beside it, unit by unit.
+RAIL_SHADOW = (0.45, 0.25, 0.1)
+
+
 def seek_groove(canvas):
     middle = (GROOVE_LEFT + GROOVE_RIGHT) / 2
     half = (GROOVE_RIGHT - GROOVE_LEFT) / 2
-    for x in range(GROOVE_LEFT, GROOVE_RIGHT + 1):
-        away = abs(x - middle) / half
+    width = GROOVE_RIGHT + 1 - GROOVE_LEFT
+    for x, y, u, v in canvas.cells(GROOVE_LEFT, 36, width, len(GROOVE)):
+        away = abs(u - middle) / half
         share = FAINTEST + (1.0 - FAINTEST) * (1.0 - smooth((away - 0.06) / 0.94))
-        share *= smooth((min(x - GROOVE_LEFT, GROOVE_RIGHT - x) + 1) / 4.0)
-        for row, colour in enumerate(GROOVE):
-            canvas.put(x, 36 + row, mix(BLACK, colour, share))
+        share *= smooth((min(u - GROOVE_LEFT, GROOVE_RIGHT - u) + 1) / 4.0)
+        canvas.put(x, y, mix(BLACK, along(GROOVE, v - 36), share))
 
 
 def deck(canvas):
     for plane, colour in enumerate(DECK):
-        canvas.box(0, 48 + 4 * plane, canvas.width, 4, colour)
-    for y, share in ((49, 0.5), (50, 1.0), (51, 1.0)):
-        canvas.box(0, y, canvas.width, 1, mix(DECK[0], KEY_BED, share))
+        canvas.box(0, 48 + 4 * plane, WIDTH, 4, colour)
+    for x, y, _, v in canvas.cells(0, 49, WIDTH, 3):
+        canvas.put(x, y, mix(DECK[0], KEY_BED, min(1.0, v - 48.5)))
     for x in SEAMS:
-        for y in range(50, 62):
-            canvas.tint(x, y, BLACK, 0.45)
-            canvas.tint(x + 1, y, WHITE, 0.10)
+        canvas.veil(x, 50, 1, 12, BLACK, 0.45)
+        canvas.veil(x + 1, 50, 1, 12, WHITE, 0.10)
 
 
 def volume_groove(canvas):
     """A bright groove with a shadow along its upper lip and light along its lower one."""
     left, right = VOLUME_LEFT, VOLUME_RIGHT + 1
-    for x in range(left, right):
-        canvas.tint(x, 58, BLACK, 0.42)
-        canvas.tint(x, 62, WHITE, 0.13)
-        for row, colour in enumerate(VOLUME):
-            canvas.tint(x, 59 + row, colour, rounded(x, 59 + row, left, 59, right, 62, 1.2))
+    canvas.veil(left, 58, right - left, 1, BLACK, 0.42)
+    canvas.veil(left, 62, right - left, 1, WHITE, 0.13)
+    for x, y, _, v in canvas.cells(left, 59, right - left, len(VOLUME)):
+        inside = rounded(x, y, canvas.scale, left, 59, right, 62, 1.2)
+        canvas.tint(x, y, along(VOLUME, v - 59), inside)
 
 
 def frame_shadow(canvas):
     """The left rail's shadow on the band and the deck, and the band's sheen beside it."""
-    for x in range(3, 64):
-        for y in range(41, 48):
-            canvas.tint(x, y, WHITE, 0.045 * (1.0 - smooth((x - 3) / 60.0)))
-    for x, share in ((3, 0.45), (4, 0.25), (5, 0.1)):
-        for y in range(41, 64):
-            canvas.tint(x, y, BLACK, share)
+    for x, y, u, _ in canvas.cells(3, 41, 61, 7):
+        canvas.tint(x, y, WHITE, 0.045 * (1.0 - smooth((u - 3) / 60.0)))
+    for x, y, u, _ in canvas.cells(3, 41, len(RAIL_SHADOW), 23):
+        canvas.tint(x, y, BLACK, along(RAIL_SHADOW, u - 3))
 
 
 def foot(canvas):
     """The lower frame, a rod lit a little more toward the left."""
-    for row, colour in enumerate(FOOT):
-        for x in range(275):
-            canvas.put(x, 77 + row, mix(colour, WHITE, 0.10 * (1.0 - smooth(x / 120.0))))
+    for x, y, u, v in canvas.cells(0, 77, WIDTH, len(FOOT)):
+        light = 0.10 * (1.0 - smooth(u / 120.0))
+        canvas.put(x, y, mix(along(FOOT, v - 77), WHITE, light))
 
 
-def main_face():
-    canvas = Canvas(275, 81, BLACK)
+def main_face(scale):
+    canvas = Canvas(WIDTH, 81, BLACK, scale)
     seek_groove(canvas)
-    canvas.box(0, 40, 275, 1, LEDGE)
-    canvas.box(0, 41, 275, 7, BAND)
+    canvas.box(0, 40, WIDTH, 1, LEDGE)
+    canvas.box(0, 41, WIDTH, 7, BAND)
     deck(canvas)
     volume_groove(canvas)
     for text, x, spacing in NAMES:
@@ -96,5 +98,5 @@ def main_face():
     return canvas
 
 
-def assets():
-    yield "frmPlayer.bmp", main_face()
+def assets(scale):
+    yield "frmPlayer", main_face(scale)

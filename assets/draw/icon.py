@@ -1,5 +1,7 @@
 """The program's icon: a steel ring, lit from the top left, round a display with a play mark."""
 
+import dataclasses
+
 from canvas import ramp, rgb, smooth
 from ico import icon, indexed, true_colour
 
@@ -86,6 +88,21 @@ def rows(size):
             line.append((*(int(part + 0.5) for part in drawn[:3]), int(drawn[3] * 255 + 0.5)))
         out.append(line)
     return out
+
+
+@dataclasses.dataclass
+class Picture:
+    """Rows from the top, of (red, green, blue, alpha)."""
+
+    width: int
+    height: int
+    rows: list
+
+
+def pictures(scale):
+    """The about box's picture of the program, which is the icon of 32 pixels at its natural size."""
+    side = 32 * scale
+    yield "icon", Picture(side, side, rows(side))
 
 
 def files():

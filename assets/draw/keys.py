@@ -1,7 +1,7 @@
 """The blank key of the deck, raised and sunk, and the glyphs that light up when it sinks."""
 
-from canvas import Canvas, mix, rgb
-from glyphs import KEY_GLYPHS
+from canvas import Canvas, along, mix, rgb
+from glyphs import KEY_GLYPHS, draw_glyph
 from shapes import rounded
 
 OUTLINE = rgb("2b3f57")
@@ -12,67 +12,67 @@ UPPER_SIDE = rgb("3c4645")
 LOWER_SIDE = rgb("303a3b")
 FOOT = rgb("242e2f")
 
-# How far the face is lit toward its left end and shaded toward its right end, pixel by pixel.
-LIGHT = (0.0, 0.0, 0.18, 0.13, 0.08, 0.04)
-SHADE = (0.0, 0.0, 0.13, 0.09, 0.05, 0.02)
+# How far the face is lit toward its left end and shaded toward its right end, unit by unit.
+LIGHT = (0.0, 0.0, 0.18, 0.13, 0.08, 0.04, 0.0)
+SHADE = (0.0, 0.0, 0.13, 0.09, 0.05, 0.02, 0.0)
 # The first and the last row of a raised face; a sunk one has them the other way round.
 ROW_LIGHT, ROW_SHADE = 0.15, 0.08
 WHITE, BLACK = (255, 255, 255), (0, 0, 0)
 
 
-def key_bed():
+def key_bed(scale):
     """The piece of deck on which a key lies, in its four planes."""
-    canvas = Canvas(18, 16, DECK)
+    canvas = Canvas(18, 16, DECK, scale)
     canvas.box(0, 4, 18, 4, UPPER_SIDE)
     canvas.box(0, 8, 18, 4, LOWER_SIDE)
     canvas.box(0, 12, 18, 4, FOOT)
     return canvas
 
 
+def edge_row(distance):
+    """How much of a place at this distance from a side belongs to the face's outermost row."""
+    return max(0.0, 1.0 - abs(distance - 2))
+
+
 def lit_face(from_left, from_right, from_top, from_bottom, sunk):
-    """The colour of a face pixel by its distances from the key's four sides."""
-    colour = FACE
-    if from_left < len(LIGHT):
-        colour = mix(colour, WHITE, LIGHT[from_left])
-    if from_right < len(SHADE):
-        colour = mix(colour, BLACK, SHADE[from_right])
-    if (from_bottom if sunk else from_top) == 2:
-        colour = mix(colour, WHITE, ROW_LIGHT)
-    if (from_top if sunk else from_bottom) == 2:
-        colour = mix(colour, BLACK, ROW_SHADE)
-    return colour
+    """The colour of a face at its distances from the key's four sides."""
+    colour = mix(FACE, WHITE, along(LIGHT, from_left))
+    colour = mix(colour, BLACK, along(SHADE, from_right))
+    lit, shaded = (from_bottom, from_top) if sunk else (from_top, from_bottom)
+    colour = mix(colour, WHITE, ROW_LIGHT * edge_row(lit))
+    return mix(colour, BLACK, ROW_SHADE * edge_row(shaded))
 
 
 def draw_key(canvas, top, height=8, sunk=False):
     """Lays a rounded key over columns 1 to 16, its first row at `top`."""
     left, right, bottom = 1, 17, top + height
     radius = height / 2 - 0.6
-    for y in range(top, bottom):
-        for x in range(left, right):
-            face = lit_face(x - left, right - 1 - x, y - top, bottom - 1 - y, sunk)
-            for inset, colour in ((0, OUTLINE), (1, RIM), (2, face)):
-                share = rounded(
-                    x, y, left + inset, top + inset, right - inset, bottom - inset, radius - inset
-                )
-                canvas.tint(x, y, colour, share)
+    for x, y, u, v in canvas.cells(left, top, right - left, height):
+        face = lit_face(u - left, right - 1 - u, v - top, bottom - 1 - v, sunk)
+        for inset, colour in ((0, OUTLINE), (1, RIM), (2, face)):
+            share = rounded(
+                x, y, canvas.scale, left + inset, top + inset, right - inset, bottom - inset,
+                radius - inset,
+            )
+            canvas.tint(x, y, colour, share)
 
 
-def up_key():
-    canvas = key_bed()
+def up_key(scale):
+    canvas = key_bed(scale)
     draw_key(canvas, 4)
     return canvas
 
 
-def down_key(name):
+def down_key(name, scale):
     """The key one row lower, with its glyph."""
-    canvas = key_bed()
+    canvas = key_bed(scale)
     draw_key(canvas, 5, sunk=True)
-    lines, row = KEY_GLYPHS[name]
-    canvas.art((18 - len(lines[0])) // 2, row, lines, OUTLINE)
+    glyph, row = KEY_GLYPHS[name]
+    draw_glyph(canvas, (18 - glyph.width) // 2, row, glyph, OUTLINE)
     return canvas
 
 
-def assets():
-    yield "key.bmp", up_key()
+def assets(scale):
+    yield "key", up_key(scale)
     for name in KEY_GLYPHS:
-        yield name + ".bmp", down_key(name)
+        yield name, down_key(name, scale)

@@ -66,8 +66,7 @@ PLAYLIST = (
 def shaped(canvas, upper, ground):
     """Cuts the round corners of one end of a window, as its region does."""
     width, height = SIZE
-    for y in range(height):
-        in_strip = y < 15 if upper else y >= height - 15
-        for x in range(width):
-            if in_strip and rounded(x, y, 0, 0, width, height, 7.5) < 0.5:
-                canvas.put(x, y, ground)
+    scale = canvas.scale
+    for x, y, _, _ in canvas.cells(0, 0 if upper else height - 15, width, 15):
+        if rounded(x, y, scale, 0, 0, width, height, 7.5) < 0.5:
+            canvas.put(x, y, ground)

@@ -3,10 +3,11 @@
 import frame
 import letters
 from canvas import Canvas, rgb, smooth
-from glyphs import CAPSULE_GLYPHS, DOWN_WEDGE, UP_WEDGE
+from glyphs import CAPSULE_GLYPHS, DOWN_WEDGE, UP_WEDGE, draw_glyph
 from keys import OUTLINE, draw_key
-from shapes import rounded
+from shapes import coverage, rounded
 
+WIDTH = 275
 BLACK = (0, 0, 0)
 BAND_UPPER = rgb("272a2f")
 BAND_LOWER = rgb("232a30")
@@ -29,85 +30,99 @@ RAIL_END = 60
 
 def inlay(canvas, top, colour, share):
     """Lays a long capsule, seven rows high, into the title band."""
-    for y in range(top, top + 7):
-        for x in range(INLAY_LEFT, INLAY_RIGHT):
-            inside = rounded(x, y, INLAY_LEFT, top, INLAY_RIGHT, top + 7, 3.5)
-            canvas.tint(x, y, colour, share * inside)
+    for x, y, _, _ in canvas.cells(INLAY_LEFT, top, INLAY_RIGHT - INLAY_LEFT, 7):
+        inside = rounded(x, y, canvas.scale, INLAY_LEFT, top, INLAY_RIGHT, top + 7, 3.5)
+        canvas.tint(x, y, colour, share * inside)
 
 
 def title_band(canvas):
-    canvas.box(0, 3, 275, 6, BAND_UPPER)
-    canvas.box(0, 9, 275, 7, BAND_LOWER)
+    canvas.box(0, 3, WIDTH, 6, BAND_UPPER)
+    canvas.box(0, 9, WIDTH, 7, BAND_LOWER)
     inlay(canvas, 5, BLACK, 0.55)
     inlay(canvas, 7, (255, 255, 255), 0.16)
     inlay(canvas, 6, INLAY, 1.0)
-    for x in range(WELL_LEFT, 275):
-        share = smooth((x - WELL_LEFT) / 11.0)
-        for y in range(3, 16):
-            canvas.tint(x, y, BLACK, share)
+    for x, y, u, _ in canvas.cells(WELL_LEFT, 3, WIDTH - WELL_LEFT, 13):
+        canvas.tint(x, y, BLACK, smooth((u - WELL_LEFT) / 11.0))
+
+
+def web(canvas, left, corner):
+    """The small web, two units wide and high, that joins a tab to the deck over it.
+
+    `left` is its first column and `corner` the column of the tab's side. One pixel a unit has no
+    room for its round, so there the shares of three pixels stand for it.
+    """
+    if canvas.scale == 1:
+        beside, beyond = (left, left + 1) if corner == left else (left + 1, left)
+        for x, y, share in ((beside, 76, 0.55), (beyond, 76, 0.2), (beside, 77, 0.2)):
+            canvas.tint(x, y, DECK_LOWER, share)
+        return
+    middle = left + 2 if corner == left else left
+    for x, y, _, _ in canvas.cells(left, 76, 2, 2):
+        outside = coverage(
+            x, y, canvas.scale, lambda px, py: (px - middle) ** 2 + (py - 78) ** 2 >= 4.0
+        )
+        canvas.tint(x, y, DECK_LOWER, outside)
 
 
 def deck(canvas):
-    canvas.box(0, 70, 275, 5, DECK_UPPER)
-    canvas.box(0, 75, 275, 1, DECK_LOWER)
-    canvas.box(0, 76, 275, 6, PIT)
+    canvas.box(0, 70, WIDTH, 5, DECK_UPPER)
+    canvas.box(0, 75, WIDTH, 1, DECK_LOWER)
+    canvas.box(0, 76, WIDTH, 6, PIT)
     for left, right in TABS:
-        for x, y, share in ((left - 1, 76, 0.55), (left - 2, 76, 0.2), (left - 1, 77, 0.2)):
-            canvas.tint(x, y, DECK_LOWER, share)
-            canvas.tint(left + right - x, y, DECK_LOWER, share)
+        web(canvas, left - 2, left)
+        web(canvas, right + 1, right + 1)
 
 
-def window_face():
-    canvas = Canvas(275, 82, PANEL)
+def window_face(scale):
+    canvas = Canvas(WIDTH, 82, PANEL, scale)
     title_band(canvas)
     deck(canvas)
     frame.lay(canvas, fade=RAIL_END)
     return canvas
 
 
-def scroll_key(top, wedge=None):
-    canvas = Canvas(18, 16, PANEL)
+def scroll_key(top, scale, wedge=None):
+    canvas = Canvas(18, 16, PANEL, scale)
     draw_key(canvas, top, 10, sunk=wedge is not None)
     if wedge:
-        canvas.art((18 - len(wedge[0])) // 2, top + 3, wedge, OUTLINE)
+        draw_glyph(canvas, (18 - wedge.width) // 2, top + 3, wedge, OUTLINE)
     return canvas
 
 
-def capsule_key(lines):
-    canvas = Canvas(20, 9, DECK_UPPER)
+def capsule_key(glyph, scale):
+    canvas = Canvas(20, 9, DECK_UPPER, scale)
     canvas.box(0, 3, 20, 3, DECK_LOWER)
     canvas.box(0, 6, 20, 3, PIT)
-    for y in range(1, 8):
-        for x in range(1, 19):
-            canvas.tint(x, y, CAPSULE_RIM, rounded(x, y, 1, 1, 19, 8, 3.5))
-            canvas.tint(x, y, CAPSULE, rounded(x, y, 2, 2, 18, 7, 2.5))
-    canvas.art((20 - len(lines[0])) // 2, 2, lines, CAPSULE_GLYPH)
+    for x, y, _, _ in canvas.cells(1, 1, 18, 7):
+        canvas.tint(x, y, CAPSULE_RIM, rounded(x, y, scale, 1, 1, 19, 8, 3.5))
+        canvas.tint(x, y, CAPSULE, rounded(x, y, scale, 2, 2, 18, 7, 2.5))
+    draw_glyph(canvas, (20 - glyph.width) // 2, 2, glyph, CAPSULE_GLYPH)
     return canvas
 
 
-def word_key(width, height, text):
+def word_key(width, height, text, scale):
     """A word on a tab that hangs from the deck.
 
-    Its box in the window shows only the first `width` by `height` pixels, so the tab ends there;
+    Its box in the window shows only the first `width` by `height` units, so the tab ends there;
     one more column and row of the ground around it make up the picture.
     """
-    canvas = Canvas(WORD_KEY_WIDTHS[text], 10, PIT)
-    canvas.box(0, 0, canvas.width, 3, DECK_UPPER)
-    canvas.box(0, 3, canvas.width, 1, DECK_LOWER)
-    for y in range(4, height):
-        for x in range(width):
-            canvas.tint(x, y, DECK_LOWER, rounded(x, y, 0, -9, width, height, 2.5))
+    whole = WORD_KEY_WIDTHS[text]
+    canvas = Canvas(whole, 10, PIT, scale)
+    canvas.box(0, 0, whole, 3, DECK_UPPER)
+    canvas.box(0, 3, whole, 1, DECK_LOWER)
+    for x, y, _, _ in canvas.cells(0, 4, width, height - 4):
+        canvas.tint(x, y, DECK_LOWER, rounded(x, y, scale, 0, -9, width, height, 2.5))
     letters.write(canvas, (width + 1 - letters.width(text)) // 2, 1, text)
     return canvas
 
 
-def assets():
-    yield "frmPlaylist.bmp", window_face()
-    yield "scrollkey.bmp", scroll_key(3)
-    yield "pctLboxUpDown.bmp", scroll_key(4, UP_WEDGE)
-    yield "pctLBoxDownDown.bmp", scroll_key(4, DOWN_WEDGE)
-    yield "pctClear.bmp", word_key(33, 9, "CLEAR")
-    yield "pctClearAll.bmp", word_key(49, 9, "CLEAR ALL")
+def assets(scale):
+    yield "frmPlaylist", window_face(scale)
+    yield "scrollkey", scroll_key(3, scale)
+    yield "pctLboxUpDown", scroll_key(4, scale, UP_WEDGE)
+    yield "pctLBoxDownDown", scroll_key(4, scale, DOWN_WEDGE)
+    yield "pctClear", word_key(33, 9, "CLEAR", scale)
+    yield "pctClearAll", word_key(49, 9, "CLEAR ALL", scale)
     for name, (thin, thick) in CAPSULE_GLYPHS.items():
-        yield name + ".bmp", capsule_key(thin)
-        yield name + "Down.bmp", capsule_key(thick)
+        yield name, capsule_key(thin, scale)
+        yield name + "Down", capsule_key(thick, scale)

@@ -1,5 +1,6 @@
 #include "platform/text.h"
 
+#include "platform/device_pixels.h"
 #include "platform/linux/fonts.h"
 #include "platform/linux/picture_image.h"
 
@@ -50,7 +51,8 @@ QFont makeFont(const Font& font) {
         made.setFamily(QString::fromLatin1(face->family));
         made.setStyleHint(face->hint);
     }
-    made.setPixelSize(std::max(1, static_cast<int>(std::lround(font.points * 96 / 72))));
+    const double pixels = font.points * 96 / 72;
+    made.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels * font.scale))));
     made.setBold(font.bold);
     made.setItalic(font.italic);
     made.setHintingPreference(QFont::PreferFullHinting);
@@ -81,9 +83,16 @@ const QFont& fontFor(const Font& font) {
 
 namespace {
 
+/// The same font with a text's own pixels.
+Font naturalOf(const Font& font) {
+    Font natural = font;
+    natural.scale = 1;
+    return natural;
+}
+
 /// A short text a little too wide for its room, such as a time of seven characters, moves closer
 /// together rather than end in half a letter.
-QFont fittingFont(const Font& font, const QString& text, int room) {
+QFont fittingFont(const Font& font, const QString& text, double room) {
     constexpr qsizetype longestShortText = 12;
     QFont fitting = fontFor(font);
     if (text.size() <= longestShortText && QFontMetrics(fitting).horizontalAdvance(text) > room)
@@ -91,10 +100,20 @@ QFont fittingFont(const Font& font, const QString& text, int room) {
     return fitting;
 }
 
+/// The font in as many times its size. Letters of whole pixels aren't exactly as much wider, so
+/// they move until the text is.
+QFont scaledFont(const Font& font, const QFont& natural, const QString& text) {
+    QFont scaled = fontFor(font);
+    const double width = QFontMetrics(natural).horizontalAdvance(text) * font.scale;
+    const double missing = width - QFontMetrics(scaled).horizontalAdvance(text);
+    scaled.setLetterSpacing(QFont::AbsoluteSpacing, missing / static_cast<double>(text.size()));
+    return scaled;
+}
+
 } // namespace
 
 Size measureText(const Font& font, std::string_view text) {
-    const QFontMetrics metrics(fontFor(font));
+    const QFontMetrics metrics(fontFor(naturalOf(font)));
     return {metrics.horizontalAdvance(textOf(text)), metrics.height() - blankRowsOf(font)};
 }
 
@@ -106,10 +125,11 @@ void drawText(Picture& picture, const Rect& clip, Point origin, const Font& font
     painter.setClipRect(
         QRect(QPoint(clip.left, clip.top), QPoint(clip.right - 1, clip.bottom - 1)));
     const QString words = textOf(text);
-    painter.setFont(fittingFont(font, words, clip.right - origin.x));
+    const QFont natural = fittingFont(naturalOf(font), words, (clip.right - origin.x) / font.scale);
+    painter.setFont(font.scale == 1 ? natural : scaledFont(font, natural, words));
     painter.setPen(QColor::fromRgb(colour));
-    const int baseline = origin.y + painter.fontMetrics().ascent() - blankRowsOf(font);
-    painter.drawText(QPoint(origin.x, baseline), words);
+    const int ascent = QFontMetrics(natural).ascent() - blankRowsOf(font);
+    painter.drawText(QPoint(origin.x, origin.y + deviceEdge(ascent, font.scale)), words);
 }
 
 } // namespace platform

@@ -92,6 +92,11 @@ bool setNormalState(WindowHandle window) {
     return true;
 }
 
+double pictureScale(WindowHandle window) {
+    const WindowWidget* const widget = findWindow(window);
+    return widget == nullptr ? 1 : widget->pictureScale();
+}
+
 void requestPaint(WindowHandle window) {
     if (WindowWidget* const widget = findWindow(window)) widget->update();
 }

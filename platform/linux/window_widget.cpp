@@ -181,8 +181,20 @@ void WindowWidget::paintEvent(QPaintEvent* /*event*/) {
     if (asked == nullptr || asked->empty()) return;
     QPainter painter(this);
     const double scale = devicePixelRatioF();
+    const QImage image = imageOf(*asked, QImage::Format_RGB32);
+    if (asked->width != width() && scale == pictureScale()) {
+        // Painted for the display: no pixel is touched on the way there.
+        painter.scale(1 / scale, 1 / scale);
+        painter.drawImage(0, 0, image);
+        return;
+    }
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
-    painter.drawImage(0, 0, imageOf(*asked, QImage::Format_RGB32));
+    painter.drawImage(QRect(0, 0, width(), height()), image);
+}
+
+double WindowWidget::pictureScale() const {
+    constexpr double largest = 4;
+    return std::clamp(devicePixelRatioF(), 1.0, largest);
 }
 
 void WindowWidget::moveEvent(QMoveEvent* /*event*/) {

@@ -46,6 +46,9 @@ class WindowWidget : public QWidget {
     /// What a reader is told, good until the next event; null once the window has ended.
     const AccessibleWindow* accessible();
 
+    /// See `platform::pictureScale`.
+    [[nodiscard]] double pictureScale() const;
+
   protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

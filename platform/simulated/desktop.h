@@ -15,6 +15,7 @@ struct Desktop {
     char decimalSign = '.';
     float twipsPerPixelX = 15.0F;
     float twipsPerPixelY = 15.0F;
+    double scale = 1; ///< pixels of the display to one of a window's, 1 to 4
     platform::Size screen{1024, 768};
     platform::Rect workArea{0, 0, 1024, 738};
     platform::Point cursor; ///< the pointer, screen pixels; follows the pointer events

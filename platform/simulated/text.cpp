@@ -1,5 +1,6 @@
 #include "platform/simulated/text.h"
 
+#include "platform/device_pixels.h"
 #include "platform/simulated/world.h"
 #include "runtime/characters.h"
 
@@ -52,12 +53,15 @@ void drawText(Picture& picture, const Rect& clip, Point origin, const Font& font
     world.text.drawn.push_back({std::string(text), font, colour, origin, clip});
     if (world.text.leaveOut) return;
     const Size character = characterSize(font);
-    std::int32_t left = origin.x;
+    // The blocks' edges lie where the scale has them.
+    const auto scaled = [&](std::int32_t place) { return deviceEdge(place, font.scale); };
+    std::int32_t left = 0;
     for (std::size_t at = 0; at < text.size(); at += runtime::lengthOfCharacter(text, at)) {
+        const std::int32_t right = left + std::max(1, character.width - 1);
         if (text[at] != ' ')
             fill(picture, clip,
-                 {left, origin.y + 2, left + std::max(1, character.width - 1),
-                  origin.y + character.height - 2},
+                 {origin.x + scaled(left), origin.y + scaled(2), origin.x + scaled(right),
+                  origin.y + scaled(character.height - 2)},
                  colour);
         left += character.width;
     }

@@ -75,6 +75,13 @@ std::vector<WindowHandle> allWindows() {
     return all;
 }
 
+void changeScale(double scale) {
+    world.desktop.scale = scale;
+    for (auto& [handle, one] : world.windows.all)
+        one.paintWanted = true;
+    paintWaiting();
+}
+
 void bringToFront(WindowHandle handle) {
     std::erase(world.windows.order, handle);
     world.windows.order.push_back(handle);
@@ -168,6 +175,11 @@ bool setNormalState(WindowHandle window) {
     if (world.windows.refuseNormalState) return false;
     changed.minimised = false;
     return true;
+}
+
+double pictureScale(WindowHandle window) {
+    existing(window);
+    return world.desktop.scale;
 }
 
 void requestPaint(WindowHandle window) { existing(window).paintWanted = true; }

@@ -120,6 +120,9 @@ void closeByUser(WindowHandle window);
 /// Runs while the next modal window is open; the window must get closed by it or by what it plans.
 void onModalWindow(std::function<void()> action);
 
+/// The user sets the display to another scale, see `Desktop::scale`.
+void changeScale(double scale);
+
 /// Has the windows that asked for it paint themselves, as the event loop does before it waits.
 void paintWaiting();
 

@@ -129,6 +129,9 @@ bool setNormalState(WindowHandle window) {
     return !isOutOfState(handle);
 }
 
+// The system enlarges the window as a whole.
+double pictureScale(WindowHandle /*window*/) { return 1; }
+
 void requestPaint(WindowHandle window) { InvalidateRect(windowOf(window), nullptr, FALSE); }
 
 void paintNow(WindowHandle window) {

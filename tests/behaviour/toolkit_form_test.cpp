@@ -24,7 +24,7 @@ namespace {
 
 platform::Picture plain(std::int32_t width, std::int32_t height, platform::Pixel colour) {
     platform::Picture picture(width, height);
-    toolkit::fill(picture, {0, 0, width, height}, colour);
+    toolkit::fill({picture}, {0, 0, width, height}, colour);
     return picture;
 }
 

@@ -1,6 +1,7 @@
 #include "tests/pictures/bitmap.h"
 
 #include "assets/assets.h"
+#include "toolkit/png.h"
 
 #include <algorithm>
 #include <doctest/doctest.h>
@@ -60,6 +61,21 @@ Bitmap read(std::string_view name) {
             bitmap.pixels.push_back(number(data, start + (height - 1 - y) * stride + x * 3, 3));
         }
     }
+    return bitmap;
+}
+
+Bitmap read(std::string_view name, std::int32_t scale) {
+    if (scale == 1) return read(name);
+    const std::string stem(name.substr(0, name.rfind('.')));
+    const std::string path = std::to_string(scale) + "x/" + stem + ".png";
+    CAPTURE(path);
+    const platform::Picture picture = toolkit::decodePng(assets::file(path));
+    REQUIRE_FALSE(picture.empty());
+    Bitmap bitmap;
+    bitmap.width = picture.width;
+    bitmap.height = picture.height;
+    for (const platform::Pixel pixel : picture.pixels)
+        bitmap.pixels.push_back(pixel & 0xFFFFFFU);
     return bitmap;
 }
 

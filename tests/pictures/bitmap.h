@@ -28,6 +28,10 @@ struct Bitmap {
 /// Reads an uncompressed 24-bit bitmap; fails the running test if there is no such asset.
 Bitmap read(std::string_view name);
 
+/// Reads the same picture with `scale` pixels to each of its own, by the name of its bitmap; of
+/// scale 1 the bitmap itself.
+Bitmap read(std::string_view name, std::int32_t scale);
+
 /// The little-endian number of `size` bytes at `place`.
 std::uint32_t number(std::span<const std::byte> data, std::size_t place, std::size_t size);
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -95,8 +96,32 @@ const std::vector<State>& states() {
     return all;
 }
 
-platform::Picture pictureOf(const State& state) {
+/// A display with a fraction or several of its pixels to one of a window's.
+struct Display {
+    double scale;
+    const char* name;
+    platform::Size size; ///< of a window's picture
+};
+
+const Display displays[] = {{1.5, "1.5x", {414, 123}}, {2, "2x", {552, 164}}};
+
+/// The states that have references on these displays too: of every kind of thing one.
+const char* const mainStates[] = {"player-captions",    "player-play-down",
+                                  "player-alarm-panel", "player-thumb-at-end",
+                                  "playlist-selection", "playlist-next-down"};
+
+bool isMainState(const State& state) {
+    return std::find(std::begin(mainStates), std::end(mainStates), std::string(state.name)) !=
+           std::end(mainStates);
+}
+
+std::string nameOn(const Display& display, const State& state) {
+    return std::string(state.name) + "-" + display.name;
+}
+
+platform::Picture pictureOf(const State& state, double scale = 1) {
     Player player;
+    simulated::world.desktop.scale = scale;
     simulated::world.text.leaveOut = state.captions == Captions::LeftOut;
     player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3", "C:\\Music\\c.mp3", "C:\\Music\\d.mp3",
                  "C:\\Music\\e.mp3"});
@@ -113,11 +138,33 @@ TEST_CASE("both windows look as their reference pictures do, in every state") {
         pictures::checkPicture(state.name, pictureOf(state));
 }
 
+TEST_CASE("both windows look as their reference pictures do on displays of a larger scale") {
+    for (const Display& display : displays)
+        for (const State& state : states())
+            if (isMainState(state))
+                pictures::checkPicture(nameOn(display, state), pictureOf(state, display.scale));
+}
+
+TEST_CASE("no two states look alike on displays of a larger scale") {
+    for (const Display& display : displays) {
+        std::vector<platform::Picture> seen;
+        for (const State& state : states()) {
+            platform::Picture picture = pictureOf(state, display.scale);
+            CHECK(picture.width == display.size.width);
+            CHECK(picture.height == display.size.height);
+            CHECK(std::find(seen.begin(), seen.end(), picture) == seen.end());
+            seen.push_back(std::move(picture));
+        }
+    }
+}
+
 TEST_CASE("every reference picture is one of a state, and no two states look alike") {
     std::vector<std::string> names;
     std::vector<platform::Picture> seen;
     for (const State& state : states()) {
         names.emplace_back(state.name);
+        for (const Display& display : displays)
+            if (isMainState(state)) names.push_back(nameOn(display, state));
         platform::Picture picture = pictureOf(state);
         CHECK(picture.width == 276);
         CHECK(picture.height == 82);

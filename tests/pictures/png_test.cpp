@@ -1,0 +1,90 @@
+#include "assets/assets.h"
+#include "toolkit/inflate.h"
+#include "toolkit/png.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <doctest/doctest.h>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::vector<std::byte> bytes(std::initializer_list<unsigned> values) {
+    std::vector<std::byte> all;
+    for (const unsigned value : values)
+        all.push_back(static_cast<std::byte>(value));
+    return all;
+}
+
+std::string unpacked(std::initializer_list<unsigned> packed, std::size_t size) {
+    std::string text;
+    for (const std::byte byte : toolkit::inflate(bytes(packed), size))
+        text += std::to_integer<char>(byte);
+    return text;
+}
+
+std::vector<std::byte> key() {
+    const std::span<const std::byte> file = assets::file("2x/key.png");
+    return {file.begin(), file.end()};
+}
+
+} // namespace
+
+TEST_CASE("what is packed comes out whole, packed in any of the three ways") {
+    // By fixed codes, with a repetition that runs into itself.
+    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00}, 5) == "aaaaa");
+    // Stored as it is.
+    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e', 'y'}, 3) == "key");
+    // By codes of its own: a whole picture.
+    CHECK_FALSE(toolkit::decodePng(key()).empty());
+}
+
+TEST_CASE("what is packed is refused unless it has the size that is asked for") {
+    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00}, 4).empty());
+    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00}, 6).empty());
+    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e', 'y'}, 2).empty());
+    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFE, 'k', 'e', 'y'}, 3).empty());
+    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e'}, 3).empty());
+    CHECK(unpacked({0x78, 0x01, 7, 0, 0}, 3).empty());
+    CHECK(unpacked({}, 0).empty());
+}
+
+TEST_CASE("a repetition of what was before the beginning is refused") {
+    // Three bytes from one byte back, as the first thing of all.
+    CHECK(unpacked({0x78, 0x01, 0x03, 0x02, 0x00}, 3).empty());
+}
+
+TEST_CASE("a picture that is cut off anywhere is no picture") {
+    const std::vector<std::byte> whole = key();
+    constexpr std::size_t sumAndEnd = 4 + 12 + 4; // check sums and the last chunk aren't needed
+    for (std::size_t size = 0; size < whole.size() - sumAndEnd; ++size)
+        CHECK(toolkit::decodePng(std::span(whole).first(size)).empty());
+}
+
+TEST_CASE("a picture with a wrong byte never leads astray") {
+    const std::vector<std::byte> whole = key();
+    for (std::size_t at = 0; at < whole.size(); ++at)
+        for (const unsigned bit : {0U, 3U, 7U}) {
+            std::vector<std::byte> broken = whole;
+            broken[at] ^= static_cast<std::byte>(1U << bit);
+            const platform::Picture picture = toolkit::decodePng(broken);
+            const std::size_t pixels =
+                static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
+            CHECK(picture.pixels.size() == pixels);
+        }
+}
+
+TEST_CASE("a picture of another form is no picture") {
+    constexpr std::size_t depth = 24;
+    constexpr std::array<std::size_t, 5> form{depth, depth + 1, depth + 2, depth + 3, depth + 4};
+    for (const std::size_t at : form) {
+        CAPTURE(at);
+        std::vector<std::byte> other = key();
+        other[at] = std::byte{5};
+        CHECK(toolkit::decodePng(other).empty());
+    }
+}
