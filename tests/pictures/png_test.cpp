@@ -36,20 +36,25 @@ std::vector<std::byte> key() {
 
 TEST_CASE("what is packed comes out whole, packed in any of the three ways") {
     // By fixed codes, with a repetition that runs into itself.
-    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00}, 5) == "aaaaa");
+    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00, 0x05, 0xB4, 0x01, 0xE6}, 5) == "aaaaa");
     // Stored as it is.
-    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e', 'y'}, 3) == "key");
+    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e', 'y', 0x02, 0x87, 0x01, 0x4A}, 3) ==
+          "key");
     // By codes of its own: a whole picture.
     CHECK_FALSE(toolkit::decodePng(key()).empty());
 }
 
 TEST_CASE("what is packed is refused unless it has the size that is asked for") {
-    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00}, 4).empty());
-    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00}, 6).empty());
-    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e', 'y'}, 2).empty());
-    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFE, 'k', 'e', 'y'}, 3).empty());
+    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00, 0x05, 0xB4, 0x01, 0xE6}, 4).empty());
+    CHECK(unpacked({0x78, 0xDA, 0x4B, 0x04, 0x01, 0x00, 0x05, 0xB4, 0x01, 0xE6}, 6).empty());
+    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e', 'y', 0x02, 0x87, 0x01, 0x4A}, 2)
+              .empty());
+    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFE, 'k', 'e', 'y', 0x02, 0x87, 0x01, 0x4A}, 3)
+              .empty());
     CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e'}, 3).empty());
     CHECK(unpacked({0x78, 0x01, 7, 0, 0}, 3).empty());
+    CHECK(unpacked({0x78, 0x01, 1, 3, 0, 0xFC, 0xFF, 'k', 'e', 'Y', 0x02, 0x87, 0x01, 0x4A}, 3)
+              .empty());
     CHECK(unpacked({}, 0).empty());
 }
 
@@ -60,7 +65,8 @@ TEST_CASE("a repetition of what was before the beginning is refused") {
 
 TEST_CASE("a picture that is cut off anywhere is no picture") {
     const std::vector<std::byte> whole = key();
-    constexpr std::size_t sumAndEnd = 4 + 12 + 4; // check sums and the last chunk aren't needed
+    constexpr std::size_t sumAndEnd =
+        4 + 12; // the chunk's check sum and the last chunk aren't needed
     for (std::size_t size = 0; size < whole.size() - sumAndEnd; ++size)
         CHECK(toolkit::decodePng(std::span(whole).first(size)).empty());
 }
