@@ -27,7 +27,7 @@ TEST_CASE("what the desktop is told follows the player") {
     simulated::advance(966);
     CHECK(now().length == 200'000);
     const std::size_t told = world.remote.told.size();
-    simulated::advance(10 * 966);
+    simulated::advance(9660);
     CHECK(world.remote.told.size() == told);
 
     pause(player);
@@ -67,6 +67,17 @@ TEST_CASE("a track that ends has the desktop told of the next one") {
     CHECK(now().track == first + 1);
     simulated::advance(202'000);
     CHECK(now().status == platform::RemoteStatus::Stopped);
+}
+
+TEST_CASE("the length of the track before is told of no other") {
+    Player player;
+    player.play({A, B});
+    simulated::advance(966);
+    REQUIRE(now().length == 200'000);
+    ask(RemoteRequest::Next);
+    CHECK(now().length == 0);
+    simulated::advance(966);
+    CHECK(now().length == 200'000);
 }
 
 TEST_CASE("a file that can't be opened is told as nothing playing") {
@@ -167,6 +178,8 @@ TEST_CASE("a jump that the desktop asks for goes there, thumb and texts with it"
     simulated::advance(966);
     CHECK(player.frmPlayer().pctprogressbar.Left() < 300);
     CHECK(world.media.position() == 1966);
+    simulated::advance(9660); // the thumb goes along with the track
+    CHECK(player.frmPlayer().pctprogressbar.Left() > 390);
 }
 
 TEST_CASE("a jump to before the track is one to its start, one beyond its end the next track") {
@@ -181,9 +194,14 @@ TEST_CASE("a jump to before the track is one to its start, one beyond its end th
     world.remote.seek(200'001);
     CHECK(world.media.openPath() == B);
     simulated::advance(2000);
-    world.remote.seek(std::numeric_limits<std::int64_t>::max());
-    CHECK(world.media.openPath() == B); // the last one plays on
-    CHECK(player.status() == "Playing");
+    commandsSent();
+    for (const std::int64_t place :
+         {std::int64_t{200'001}, std::int64_t{1} << 32, std::numeric_limits<std::int64_t>::max()}) {
+        CAPTURE(place);
+        world.remote.seek(place); // the last one plays on
+        CHECK(commandsSent() == Commands{"set mpeg time format frames", "status mpeg length"});
+        CHECK(player.status() == "Playing");
+    }
     world.remote.seek(std::numeric_limits<std::int64_t>::min());
     CHECK(world.media.position() == 0);
 }

@@ -16,6 +16,7 @@ import notifier  # noqa: F401
 import placing  # noqa: F401
 import playlist  # noqa: F401
 import reading  # noqa: F401
+import remote  # noqa: F401
 import restarted_tray  # noqa: F401
 import sessions  # noqa: F401
 import shell  # noqa: F401
