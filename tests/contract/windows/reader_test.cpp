@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <doctest/doctest.h>
+#include <string>
 #include <tuple>
 #include <vector>
 
