@@ -29,10 +29,11 @@ NAMES = {
         uintmax_t uintptr_t""",
     "cstdio": """FILE fclose feof ferror fflush fgets fopen fprintf fputs fread fseek fwrite getchar
         perror printf putchar puts rename snprintf""",
-    "cstdlib": "_Exit abort atexit atoi exit free getenv llabs malloc quick_exit strtol strtoul system",
+    "cstdlib": "_Exit abort atexit atoi exit free getenv llabs malloc quick_exit strtod strtol strtoul system",
     "cstring": """memchr memcmp memcpy memmove memset strchr strcmp strerror strlen strncmp strrchr
         strstr""",
     "ctime": "clock clock_t gmtime localtime mktime strftime time time_t tm",
+    "cwchar": "wcstod",
     "deque": "deque",
     "exception": "current_exception exception exception_ptr rethrow_exception terminate",
     "filesystem": "filesystem",

@@ -19,9 +19,9 @@ void tellReader(QAccessibleInterface* item, QAccessible::Event what) {
 }
 
 void tellState(QAccessibleInterface* item) {
+    // Qt tells those that can be of interest, each as it is now.
     QAccessible::State changed;
-    changed.pressed = true;
-    changed.checked = true;
+    changed.checked = item->state().checkable;
     changed.disabled = true;
     QAccessibleStateChangeEvent event(item, changed);
     QAccessible::updateAccessibility(&event);

@@ -1,4 +1,5 @@
 #include "platform/events.h"
+#include "platform/windows/accessibility.h"
 #include "platform/windows/disabled.h"
 #include "platform/windows/keys.h"
 #include "platform/windows/pointer.h"
@@ -127,6 +128,8 @@ LRESULT answerTo(UINT message) {
 
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     const WindowRecord state = findWindow(window);
+    if (state != nullptr && message == WM_GETOBJECT)
+        if (const LRESULT answer = answerReader(*state, first, second)) return answer;
     if (state != nullptr && handled(*state, message, first, second)) return answerTo(message);
     return DefWindowProcW(window, message, first, second);
 }

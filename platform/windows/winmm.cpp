@@ -1,18 +1,10 @@
 #include "platform/windows/winmm.h"
 
 #include "platform/events.h"
-
-#include <string>
+#include "platform/windows/system_library.h"
 
 namespace platform {
 namespace {
-
-HMODULE loadLibrary() {
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(GetSystemDirectoryW(path.data(), MAX_PATH));
-    path += L"\\winmm.dll";
-    return LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-}
 
 [[noreturn]] void endWithoutSound() {
     fatalMessage("This system has no multimedia library (winmm.dll).");
@@ -21,13 +13,11 @@ HMODULE loadLibrary() {
 
 template <class Call>
 void load(Call& call, HMODULE library, const char* name) {
-    const FARPROC found = library == nullptr ? nullptr : GetProcAddress(library, name);
-    if (found == nullptr) endWithoutSound();
-    call = reinterpret_cast<Call>(reinterpret_cast<void*>(found));
+    if (!findCall(call, library, name)) endWithoutSound();
 }
 
 Winmm loadAll() {
-    const HMODULE library = loadLibrary();
+    const HMODULE library = loadSystemLibrary(L"winmm.dll");
     Winmm calls = {};
     load(calls.sendString, library, "mciSendStringA");
     load(calls.sendWideString, library, "mciSendStringW");

@@ -60,6 +60,7 @@ class Reading:
 
     def __init__(self, world):
         self.file = world.build.file
+        self.world = world
         paths = [world.build.path(world.tone(name, hertz, 60)) for name, hertz in TONES.items()]
         world.save(settings_line((300, 100), (300, 400), paths=paths))
         self.ask("on")
@@ -72,6 +73,18 @@ class Reading:
         words = [self.file, *map(str, words)] if command not in ("on", "off") else []
         return subprocess.run([READER, command, *words], timeout=PATIENCE, text=True,
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+
+    def listen(self):
+        """Has changes written down; gives what tells the lines so far."""
+        path = self.world.folder / "changes"
+        with open(path, "wb") as file:
+            process = subprocess.Popen([READER, "listen", self.file], stdout=file)
+        self.world.stack.callback(self.world.end, process)
+        return lambda: path.read_text().splitlines()
+
+    def hears_of(self, lines, *wanted):
+        for line in wanted:
+            self.wait_for(lambda line=line: line in lines(), f"{line!r} among {lines()}")
 
     def ask(self, command, *words):
         done = self.run(command, *words)
@@ -147,3 +160,21 @@ def acts(world):
     reading.wait_for(lambda: ear.next(0.5).seconds() == 0, "the pause")
     reading.act(MAIN, "Quit")
     check(reading.player.status() == 0, "the player didn't end in order")
+
+
+@scenario("a screen reader hears of keys, switches, texts and rows that change",
+          only="linux", because="Windows has no such bus; its contract suite listens in Windows' own way")
+def hears(world):
+    reading = Reading(world)
+    reading.act(MAIN, "Playlist")
+    reading.wait_for(lambda: reading.tries("read", LIST, "Tracks"), "the list")
+    lines = reading.listen()
+    reading.hears_of(lines, "listening")
+    reading.ask("tree")
+    reading.act(MAIN, "Shuffle")
+    reading.hears_of(lines, "object:state-changed:checked 'Shuffle' 1")
+    reading.act(LIST, "Tracks", 1, "Select")
+    reading.hears_of(lines, "object:state-changed:selected 'b.mp3' 1")
+    reading.act(MAIN, "Play")
+    reading.hears_of(lines, "object:text-changed:insert 'Time' 0",
+                     "object:property-change:accessible-value 'Position' 0")
