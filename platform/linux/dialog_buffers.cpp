@@ -19,26 +19,6 @@ std::vector<std::string> splitPatterns(std::string_view text) {
     return patterns;
 }
 
-/// "*.Mp3" as "*.[mM][pP]3". A pattern for any name and any extension takes names without one too.
-std::string anyCase(const std::string& pattern) {
-    if (pattern == "*.*") return "*";
-    std::string result;
-    for (const char c : pattern) {
-        const bool capital = c >= 'A' && c <= 'Z';
-        const bool small = c >= 'a' && c <= 'z';
-        constexpr char apart = 'a' - 'A';
-        if (capital || small) {
-            result += '[';
-            result += capital ? static_cast<char>(c + apart) : c;
-            result += small ? static_cast<char>(c - apart) : c;
-            result += ']';
-        } else {
-            result += c;
-        }
-    }
-    return result;
-}
-
 /// The folder of a full path: no separator behind it, except at the root.
 std::string folderOf(const std::string& path) {
     return path.substr(0, std::max<std::size_t>(path.rfind('\\'), 1));
@@ -63,6 +43,25 @@ std::uint16_t extensionOffset(const std::string& path) {
 }
 
 } // namespace
+
+std::string anyCase(const std::string& pattern) {
+    if (pattern == "*.*") return "*";
+    std::string result;
+    for (const char c : pattern) {
+        const bool capital = c >= 'A' && c <= 'Z';
+        const bool small = c >= 'a' && c <= 'z';
+        constexpr char apart = 'a' - 'A';
+        if (capital || small) {
+            result += '[';
+            result += capital ? static_cast<char>(c + apart) : c;
+            result += small ? static_cast<char>(c - apart) : c;
+            result += ']';
+        } else {
+            result += c;
+        }
+    }
+    return result;
+}
 
 std::vector<NameFilter> parseNameFilters(const char* pairs) {
     std::vector<NameFilter> filters;

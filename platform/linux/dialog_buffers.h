@@ -18,6 +18,10 @@ struct NameFilter {
 /// stand between semicolons; empty ones don't count. Null gives no filters.
 std::vector<NameFilter> parseNameFilters(const char* pairs);
 
+/// A pattern that matches any case where names tell capitals from small letters: "*.Mp3" as
+/// "*.[mM][pP]3". A pattern for any name and any extension takes names without one too.
+std::string anyCase(const std::string& pattern);
+
 /// The filter as the desktop's dialog takes it, its patterns written so that they match any case
 /// where names tell capitals from small letters.
 std::string dialogFilter(const NameFilter& filter);

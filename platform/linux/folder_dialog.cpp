@@ -6,6 +6,7 @@
 #include "runtime/characters.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <cstddef>
 #include <cstdint>
@@ -36,12 +37,12 @@ std::vector<std::string>& chosenFolders() {
 } // namespace
 
 std::int32_t SHBrowseForFolder(BROWSEINFO* record) {
-    const std::vector<std::string> paths =
-        runFileDialog(record->hOwner, record->lpszTitle, [](QFileDialog& dialog) {
-            dialog.setFileMode(QFileDialog::Directory);
-            dialog.setOption(QFileDialog::ShowDirsOnly);
-            dialog.setDirectory(QDir::home());
-        });
+    FileRequest request;
+    request.owner = record->hOwner;
+    if (record->lpszTitle != nullptr) request.title = record->lpszTitle;
+    request.folders = true;
+    request.folder = QFile::encodeName(QDir::homePath()).toStdString();
+    const std::vector<std::string> paths = chooseFiles(request);
     if (paths.empty() || !isShortEnough(paths.front(), record->lpszTitle)) return 0;
     if (record->pszDisplayName != nullptr)
         writeText(bareName(paths.front()), record->pszDisplayName, pathSize);

@@ -39,9 +39,16 @@ bool isInput(QEvent::Type type) {
 
 InputBarrier::InputBarrier(const std::vector<WindowWidget*>& barred, QWidget& front,
                            std::function<void()> lifted)
-    : front_(&front), kept_(front), lifted_(std::move(lifted)) {
-    allBarriers().push_back(this);
+    : front_(&front), lifted_(std::move(lifted)) {
+    kept_.emplace(front);
     front.installEventFilter(this);
+    barAll(barred);
+}
+
+InputBarrier::InputBarrier(const std::vector<WindowWidget*>& barred) { barAll(barred); }
+
+void InputBarrier::barAll(const std::vector<WindowWidget*>& barred) {
+    allBarriers().push_back(this);
     for (WindowWidget* const window : barred) {
         bar(*window);
         for (QWidget* const button : window->findChildren<QWidget*>())

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace platform {
@@ -20,6 +21,8 @@ class InputBarrier : public QObject {
     /// `lifted` runs once, when `front` hides, also on the way to being destroyed.
     InputBarrier(const std::vector<WindowWidget*>& barred, QWidget& front,
                  std::function<void()> lifted);
+    /// For as long as the object lives, for a dialog of another program.
+    explicit InputBarrier(const std::vector<WindowWidget*>& barred);
     Q_DISABLE_COPY_MOVE(InputBarrier)
 
     ~InputBarrier() override;
@@ -30,11 +33,12 @@ class InputBarrier : public QObject {
     static bool bars(const WindowWidget& window);
 
   private:
+    void barAll(const std::vector<WindowWidget*>& barred);
     void bar(QWidget& widget);
     void lift();
 
     QPointer<QWidget> front_;
-    KeptInFront kept_;
+    std::optional<KeptInFront> kept_;
     std::vector<QPointer<QWidget>> barred_; ///< windows and the push buttons in them
     std::function<void()> lifted_;
 };

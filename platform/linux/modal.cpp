@@ -1,3 +1,4 @@
+#include "platform/linux/desktop_style.h"
 #include "platform/linux/input_barrier.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
@@ -56,6 +57,7 @@ void showWindowModal(WindowHandle window) {
 }
 
 std::int32_t popupMenu(WindowHandle /*window*/, const std::vector<MenuItem>& items) {
+    followDesktop();
     PlainMenus style;
     QMenu menu;
     fillMenu(menu, items, style);
@@ -64,6 +66,7 @@ std::int32_t popupMenu(WindowHandle /*window*/, const std::vector<MenuItem>& ite
 }
 
 void messageBox(const std::string& text, const std::string& title, MessageIcon icon) {
+    followDesktop();
     QMessageBox box(icon == MessageIcon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon,
                     QString::fromStdString(title), QString::fromStdString(text), QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);

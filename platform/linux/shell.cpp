@@ -5,7 +5,6 @@
 #include "platform/linux/paths.h"
 #include "platform/linux/tray_icon.h"
 
-#include <QStringList>
 #include <QSystemTrayIcon>
 
 #include <cstdint>
@@ -19,26 +18,16 @@ namespace platform {
 
 namespace {
 
-QStringList dialogFilters(const OPENFILENAME& record) {
-    QStringList texts;
-    for (const NameFilter& filter : parseNameFilters(record.lpstrFilter))
-        texts.append(QString::fromStdString(dialogFilter(filter)));
-    return texts;
-}
-
-void chooseFilter(QFileDialog& dialog, const OPENFILENAME& record) {
-    const QStringList filters = dialogFilters(record);
-    if (filters.isEmpty()) return;
-    dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(filters);
-    const qsizetype index = record.nFilterIndex == 0 ? 0 : record.nFilterIndex - 1;
-    if (index < filters.size()) dialog.selectNameFilter(filters[index]);
-}
-
-void chooseFolder(QFileDialog& dialog, const OPENFILENAME& record) {
-    if (record.lpstrInitialDir == nullptr || *record.lpstrInitialDir == '\0') return;
-    const QString folder = QFile::decodeName(toHost(record.lpstrInitialDir).c_str());
-    if (QFileInfo(folder).isDir()) dialog.setDirectory(folder);
+FileRequest requestOf(const OPENFILENAME& record) {
+    FileRequest request;
+    request.owner = record.hwndOwner;
+    if (record.lpstrTitle != nullptr) request.title = record.lpstrTitle;
+    request.several = (record.Flags & OFN_ALLOWMULTISELECT) != 0;
+    request.filters = parseNameFilters(record.lpstrFilter);
+    request.filter = record.nFilterIndex == 0 ? 0 : record.nFilterIndex - 1;
+    if (record.lpstrInitialDir != nullptr && *record.lpstrInitialDir != '\0')
+        request.folder = toHost(record.lpstrInitialDir);
+    return request;
 }
 
 using Owner = std::pair<WindowHandle, std::uint32_t>;
@@ -69,14 +58,7 @@ bool modify(const Owner& owner, const NOTIFYICONDATA& record) {
 } // namespace
 
 bool GetOpenFileNameA(OPENFILENAME* record) {
-    const std::vector<std::string> paths =
-        runFileDialog(record->hwndOwner, record->lpstrTitle, [&](QFileDialog& dialog) {
-            dialog.setAcceptMode(QFileDialog::AcceptOpen);
-            const bool several = (record->Flags & OFN_ALLOWMULTISELECT) != 0;
-            dialog.setFileMode(several ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-            chooseFilter(dialog, *record);
-            chooseFolder(dialog, *record);
-        });
+    const std::vector<std::string> paths = chooseFiles(requestOf(*record));
     SelectionOffsets offsets;
     if (!writeSelection(paths, record->lpstrFile, record->nMaxFile, offsets)) return false;
     record->nFileOffset = offsets.name;

@@ -1,5 +1,6 @@
 #include "platform/system.h"
 
+#include "platform/linux/desktop_style.h"
 #include "platform/linux/press_place.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
@@ -18,6 +19,7 @@ namespace platform {
 namespace {
 
 std::uint32_t storedColour(QPalette::ColorRole role) {
+    followDesktop(); // a box of the player's own is made of these
     const QColor colour = QGuiApplication::palette().color(QPalette::Active, role);
     return static_cast<std::uint32_t>(colour.blue() << 16 | colour.green() << 8 | colour.red());
 }

@@ -6,11 +6,15 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QStringList>
 #include <QTimer>
+#include <QTreeView>
+#include <QUrl>
 
 #include <algorithm>
 #include <cstdint>
@@ -176,6 +180,23 @@ TEST_CASE("the open dialog has the title, the folder and the file types asked fo
         const auto* types = dialog.findChild<QComboBox*>("fileTypeCombo");
         REQUIRE(types != nullptr);
         CHECK(types->currentText() == "Supported audio");
+        dialog.reject();
+    });
+}
+
+TEST_CASE("the open dialog shows every column whole, and the user's places") {
+    const TemporaryFolder folder;
+    writeHostFile(folder / "A name that is as long as those of many tracks are.mp3", "x");
+    OpenDialog open(folder);
+    open.run([&](QFileDialog& dialog) {
+        auto* const list = dialog.findChild<QTreeView*>("treeView");
+        REQUIRE(list != nullptr);
+        const QHeaderView& columns = *list->header();
+        CHECK(columns.length() <= list->viewport()->width());
+        for (int column = 0; column < columns.count(); ++column)
+            CHECK(list->columnWidth(column) >= columns.sectionSizeHint(column));
+        CHECK(list->columnWidth(0) >= 200);
+        CHECK(dialog.sidebarUrls().contains(QUrl::fromLocalFile(QDir::homePath())));
         dialog.reject();
     });
 }

@@ -50,6 +50,27 @@ def zips_are_complete(world):
             check(packed.read(PROGRAM) == built, f"the program {word} is not the one that was built")
 
 
+@scenario("Debian's own checker finds nothing to say about the package, however small")
+def lintian(world):
+    run_of = subprocess.run(
+        ["lintian", "--allow-root", "--profile", "debian", "--display-info", "--display-experimental",
+         "--pedantic", package_in(world.program)],
+        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False,
+        # In the tests' temporary folder and the language that Debian's tools are written in.
+        env={**os.environ, "TMPDIR": str(world.folder), "LC_ALL": "C.UTF-8"})
+    said = [line for line in run_of.stdout.splitlines() if not line.startswith("N:")]
+    check(run_of.returncode == 0 and not said, f"lintian: {run_of.stdout}")
+
+
+@scenario("the package recommends the words of the user's language, and suggests the desktop's dialogs")
+def recommends(world):
+    def field(name):
+        return subprocess.run(["dpkg-deb", "--field", package_in(world.program), name], check=True,
+                              stdout=subprocess.PIPE, text=True).stdout
+    check("qt6-translations-l10n" in field("Recommends"), f"it recommends {field('Recommends')}")
+    check("xdg-desktop-portal" in field("Suggests"), f"it suggests {field('Suggests')}")
+
+
 @scenario("the lines of the zips' texts end as Windows ends them, and the readme is plain ASCII")
 def text_lines(world):
     for word in programs.MACHINES:
