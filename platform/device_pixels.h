@@ -9,10 +9,9 @@
 namespace platform {
 
 /// The device pixel that begins at the edge of a pixel, at `scale` device pixels a pixel; halves go
-/// up. Edges are rounded, never sizes: areas that touch in pixels touch on every display.
+/// away from 0. Edges are rounded, never sizes: areas that touch in pixels touch on every display.
 inline std::int32_t deviceEdge(std::int32_t edge, double scale) {
-    constexpr double half = 0.5;
-    return static_cast<std::int32_t>(std::floor(edge * scale + half));
+    return static_cast<std::int32_t>(std::lround(edge * scale));
 }
 
 inline Rect deviceRect(const Rect& area, double scale) {

@@ -7,8 +7,8 @@
 
 namespace platform {
 
-RegionHandle RegionTable::add(RegionRows rows) {
-    regions_.emplace(++last_, std::move(rows));
+RegionHandle RegionTable::add(const RegionPart& part) {
+    regions_.emplace(++last_, RegionShape{part});
     return last_;
 }
 
@@ -19,8 +19,10 @@ std::int32_t RegionTable::combine(RegionHandle target, RegionHandle first, Regio
     const auto result = regions_.find(target);
     if (mode != RGN_OR || a == regions_.end() || b == regions_.end() || result == regions_.end())
         return 0;
-    result->second = unionRows(a->second, b->second);
-    switch (result->second.rectangles.size()) {
+    RegionShape both = a->second;
+    both.insert(both.end(), b->second.begin(), b->second.end());
+    result->second = std::move(both);
+    switch (rowsOf(result->second).rectangles.size()) {
     case 0:
         return 1;
     case 1:
@@ -30,7 +32,7 @@ std::int32_t RegionTable::combine(RegionHandle target, RegionHandle first, Regio
     }
 }
 
-std::optional<RegionRows> RegionTable::take(RegionHandle region) {
+std::optional<RegionShape> RegionTable::take(RegionHandle region) {
     auto node = regions_.extract(region);
     if (node.empty()) return std::nullopt;
     return std::move(node.mapped());

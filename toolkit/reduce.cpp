@@ -55,20 +55,27 @@ std::vector<bool> linesAmong(std::int32_t edges, std::int32_t pairs, PairAt diff
     return lines;
 }
 
-/// A larger picture's pixels are spread over the result by how far they reach into each pixel.
+/// Spreads a pixel that reaches from one place to another over the pixels of the result.
+void spread(Plan& plan, std::size_t from, double left, double right) {
+    const auto last = static_cast<std::size_t>(std::ceil(right));
+    for (auto target = static_cast<std::size_t>(left); target < std::min(last, plan.size());
+         ++target) {
+        const auto begin = static_cast<double>(target);
+        const double share = std::min(begin + 1, right) - std::max(begin, left);
+        plan[target].push_back({from, static_cast<float>(share)});
+    }
+}
+
+/// How a larger picture's pixels, `times` to one between two edges, make up the result.
 Plan planFor(const std::vector<double>& edges, std::size_t times) {
     Plan plan(static_cast<std::size_t>(edges.back()));
-    for (std::size_t pixel = 0; pixel + 1 < edges.size(); ++pixel)
+    for (std::size_t pixel = 0; pixel + 1 < edges.size(); ++pixel) {
+        const double width = (edges[pixel + 1] - edges[pixel]) / static_cast<double>(times);
         for (std::size_t step = 0; step < times; ++step) {
-            const double width = (edges[pixel + 1] - edges[pixel]) / static_cast<double>(times);
             const double left = edges[pixel] + width * static_cast<double>(step);
-            for (double at = std::floor(left); at < left + width; ++at) {
-                const double share = std::min(at + 1, left + width) - std::max(at, left);
-                const auto target = static_cast<std::size_t>(at);
-                if (target < plan.size())
-                    plan[target].push_back({pixel * times + step, static_cast<float>(share)});
-            }
+            spread(plan, pixel * times + step, left, left + width);
         }
+    }
     return plan;
 }
 

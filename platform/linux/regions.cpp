@@ -5,6 +5,7 @@
 #include "platform/region_table.h"
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 namespace platform {
@@ -20,13 +21,12 @@ RegionTable& regions() {
 RegionHandle CreateRoundRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,
                                 std::int32_t bottom, std::int32_t ellipseWidth,
                                 std::int32_t ellipseHeight) {
-    return regions().add(
-        roundRectangleRows({left, top, right, bottom}, {ellipseWidth, ellipseHeight}));
+    return regions().add({{left, top, right, bottom}, true, {ellipseWidth, ellipseHeight}});
 }
 
 RegionHandle CreateRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,
                            std::int32_t bottom) {
-    return regions().add(rectangleRows({left, top, right, bottom}));
+    return regions().add({{left, top, right, bottom}, false, {}});
 }
 
 std::int32_t CombineRgn(RegionHandle target, RegionHandle first, RegionHandle second,
@@ -38,12 +38,12 @@ std::int32_t SetWindowRgn(WindowHandle window, RegionHandle region, std::int32_t
     WindowWidget* const widget = findWindow(window);
     if (widget == nullptr) return 0;
     if (region == 0) {
-        widget->clearMask();
+        widget->cut(std::nullopt);
         return 1;
     }
-    const auto rows = regions().take(region);
-    if (!rows) return 0;
-    widget->cut(*rows);
+    auto shape = regions().take(region);
+    if (!shape) return 0;
+    widget->cut(std::move(shape));
     return 1;
 }
 

@@ -69,6 +69,17 @@ bool isOnAScreen(const QRect& window) {
     });
 }
 
+QRegion maskOf(const RegionRows& rows) {
+    std::vector<QRect> rectangles;
+    rectangles.reserve(rows.rectangles.size());
+    for (const Rect& r : rows.rectangles)
+        rectangles.emplace_back(r.left, r.top, r.right - r.left, r.bottom - r.top);
+    QRegion region;
+    region.setRects(rectangles.data(), static_cast<int>(rectangles.size()));
+    // Qt takes an empty mask for none: leave a pixel that nobody can reach.
+    return region.isEmpty() ? QRegion(-1, -1, 1, 1) : region;
+}
+
 } // namespace
 
 WindowWidget::WindowWidget(const WindowOptions& options, WindowEvents events)
@@ -103,6 +114,7 @@ void WindowWidget::place(Point place, Size outer) {
     if (isVisible()) exposuresUntilPlaced_ = 0;
     ownMoves_.note(place_, milliseconds());
     move(place_.x, place_.y);
+    fitShape();
     tellMoved();
 }
 
@@ -132,16 +144,27 @@ void WindowWidget::beginToShow() {
     ownMoves_.note(place_, milliseconds());
 }
 
-void WindowWidget::cut(const RegionRows& rows) {
-    std::vector<QRect> rectangles;
-    rectangles.reserve(rows.rectangles.size());
-    for (const Rect& r : rows.rectangles)
-        rectangles.emplace_back(r.left, r.top, r.right - r.left, r.bottom - r.top);
-    QRegion region;
-    region.setRects(rectangles.data(), static_cast<int>(rectangles.size()));
-    if (region.isEmpty()) // Qt takes an empty mask for none: leave a pixel that nobody can reach
-        region = QRegion(-1, -1, 1, 1);
-    setMask(region);
+void WindowWidget::cut(std::optional<RegionShape> shape) {
+    shape_ = std::move(shape);
+    cutTo_ = {};
+    clearMask();
+    fitShape();
+}
+
+/// Qt cuts by the window's pixels. Where the display has more of its own, and places some of them
+/// by where the window stands, the display's server is told itself.
+void WindowWidget::fitShape() {
+    if (!shape_) return;
+    const double scale = devicePixelRatioF();
+    if (scale == 1 || !x::isThere()) {
+        if (mask().isEmpty()) setMask(maskOf(rowsOf(*shape_)));
+        return;
+    }
+    if (!mask().isEmpty()) clearMask();
+    RegionRows rows = rowsOf(*shape_, scale, place_);
+    if (rows == cutTo_) return;
+    cutTo_ = std::move(rows);
+    x::cutWindow(static_cast<xcb_window_t>(winId()), cutTo_.rectangles);
 }
 
 void WindowWidget::askToClose() {
@@ -155,6 +178,10 @@ const AccessibleWindow* WindowWidget::accessible() {
 }
 
 bool WindowWidget::event(QEvent* event) {
+    if (event->type() == QEvent::WinIdChange) {
+        cutTo_ = {};
+        fitShape();
+    }
     // Tab is a key like any other here: there is nothing inside to move the focus to.
     if (event->type() == QEvent::KeyPress) {
         keyPressEvent(static_cast<QKeyEvent*>(event));
@@ -179,6 +206,7 @@ void WindowWidget::paintEvent(QPaintEvent* /*event*/) {
     const Picture* asked = nullptr;
     if (events_.paint) lifetime_.run([&] { asked = &events_.paint(); });
     if (asked == nullptr || asked->empty()) return;
+    fitShape(); // the display may be another one, or have changed
     QPainter painter(this);
     const double scale = devicePixelRatioF();
     const QImage image = imageOf(*asked, QImage::Format_RGB32);
@@ -216,6 +244,7 @@ bool WindowWidget::standsAgain(Point placed) {
 
 void WindowWidget::take(Point place) {
     place_ = place;
+    fitShape();
     tellMoved();
 }
 

@@ -3,13 +3,14 @@
 #include "platform/linux/lifetime.h"
 #include "platform/linux/own_moves.h"
 #include "platform/linux/tooltip.h"
-#include "platform/region_rows.h"
+#include "platform/region_shape.h"
 #include "platform/window.h"
 
 #include <QMouseEvent>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -31,7 +32,8 @@ class WindowWidget : public QWidget {
     /// The window is a second one beside the main window, which stands for it in task bars.
     void setBesideMain() { besideMain_ = true; }
 
-    void cut(const RegionRows& rows);
+    /// Cuts the window to a shape, or ends that.
+    void cut(std::optional<RegionShape> shape);
     /// Runs a handler that belongs to the window, unless the window has ended.
     void run(const std::function<void()>& handler) { lifetime_.run(handler); }
 
@@ -75,10 +77,13 @@ class WindowWidget : public QWidget {
     bool standsAgain(Point placed);
     void beginToShow();
     void resizeTo(Size outer);
+    void fitShape();
 
     WindowEvents events_;
     Frame frame_;
     Point place_;
+    std::optional<RegionShape> shape_;
+    RegionRows cutTo_; ///< the shape on the display as it was last cut by this class
     OwnMoves ownMoves_;
     int exposuresUntilPlaced_ = 0; ///< 0 once the window manager has placed what it shows
     bool besideMain_ = false;

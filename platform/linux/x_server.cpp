@@ -2,7 +2,10 @@
 
 #include <QGuiApplication>
 
+#include <xcb/shape.h>
+
 #include <algorithm>
+#include <cstdint>
 
 namespace platform::x {
 
@@ -59,6 +62,18 @@ bool isShowingDesktop() {
     if (!isThere()) return false;
     const auto value = property(root(), atom("_NET_SHOWING_DESKTOP"), XCB_ATOM_CARDINAL);
     return !value.empty() && value.front() != 0;
+}
+
+void cutWindow(xcb_window_t window, const std::vector<Rect>& rectangles) {
+    std::vector<xcb_rectangle_t> cut;
+    cut.reserve(rectangles.size());
+    for (const Rect& r : rectangles)
+        cut.push_back({static_cast<std::int16_t>(r.left), static_cast<std::int16_t>(r.top),
+                       static_cast<std::uint16_t>(r.right - r.left),
+                       static_cast<std::uint16_t>(r.bottom - r.top)});
+    xcb_shape_rectangles(server(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
+                         XCB_CLIP_ORDERING_UNSORTED, window, 0, 0,
+                         static_cast<std::uint32_t>(cut.size()), cut.data());
 }
 
 void awaitServer() {

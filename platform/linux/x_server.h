@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/types.h"
+
 #include <xcb/xcb.h>
 
 #include <array>
@@ -43,6 +45,9 @@ bool isShowingDesktop();
 /// Sends the window manager a request about a window.
 void askWindowManager(xcb_atom_t request, xcb_window_t window,
                       const std::array<std::uint32_t, 5>& values);
+
+/// Cuts a window to rectangles in the display's own pixels, counted from its top left corner.
+void cutWindow(xcb_window_t window, const std::vector<Rect>& rectangles);
 
 /// Waits until the server has done what it was asked so far.
 void awaitServer();

@@ -36,15 +36,15 @@ using simulated::world;
 RegionHandle CreateRoundRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,
                                 std::int32_t bottom, std::int32_t ellipseWidth,
                                 std::int32_t ellipseHeight) {
-    const RegionHandle region = world.regions.table.add(
-        roundRectangleRows({left, top, right, bottom}, {ellipseWidth, ellipseHeight}));
+    const RegionHandle region =
+        world.regions.table.add({{left, top, right, bottom}, true, {ellipseWidth, ellipseHeight}});
     noteCall("round region", {region, left, top, right, bottom, ellipseWidth, ellipseHeight});
     return region;
 }
 
 RegionHandle CreateRectRgn(std::int32_t left, std::int32_t top, std::int32_t right,
                            std::int32_t bottom) {
-    const RegionHandle region = world.regions.table.add(rectangleRows({left, top, right, bottom}));
+    const RegionHandle region = world.regions.table.add({{left, top, right, bottom}, false, {}});
     noteCall("region", {region, left, top, right, bottom});
     return region;
 }
@@ -59,11 +59,11 @@ std::int32_t CombineRgn(RegionHandle target, RegionHandle first, RegionHandle se
 
 std::int32_t SetWindowRgn(WindowHandle window, RegionHandle region, std::int32_t redraw) {
     simulated::Window& cut = simulated::existing(window);
-    auto rows = region == 0 ? std::nullopt : world.regions.table.take(region);
-    if (region != 0 && !rows)
+    const auto shape = region == 0 ? std::nullopt : world.regions.table.take(region);
+    if (region != 0 && !shape)
         simulated::misuse("a region that is unknown or belongs to the system");
     cut.region = region;
-    cut.shape = std::move(rows);
+    cut.shape = shape ? std::optional(rowsOf(*shape)) : std::nullopt;
     if (redraw != 0) cut.paintWanted = true;
     simulated::note("shape window " + std::to_string(window) + (redraw == 0 ? " unpainted" : ""));
     return 1;

@@ -10,6 +10,7 @@ scenarios.py PROGRAM SENTENCE   runs one
 import subprocess
 
 import desktops_dialogs  # noqa: F401
+import display_scale  # noqa: F401
 import docking  # noqa: F401
 import face  # noqa: F401
 import modality  # noqa: F401

@@ -23,6 +23,13 @@ std::vector<std::int32_t> leftEdges(const RegionRows& rows, std::int32_t count) 
     return edges;
 }
 
+/// The pixels of a shape that is handed out.
+RegionRows taken(platform::RegionTable& table, platform::RegionHandle region) {
+    const auto shape = table.take(region);
+    REQUIRE(shape.has_value());
+    return platform::rowsOf(*shape);
+}
+
 } // namespace
 
 TEST_CASE("a rectangle leaves out its right column and its lowest row") {
@@ -143,18 +150,18 @@ TEST_CASE("the first row of a union may continue the rows above it only as a who
 
 TEST_CASE("a combination may be stored in one of its operands") {
     platform::RegionTable table;
-    const auto lower = table.add(platform::rectangleRows({0, 4, 8, 8}));
-    const auto upper = table.add(platform::rectangleRows({0, 0, 8, 4}));
+    const auto lower = table.add({{0, 4, 8, 8}});
+    const auto upper = table.add({{0, 0, 8, 4}});
     CHECK(table.combine(lower, upper, lower, platform::RGN_OR) == 2);
-    CHECK(table.take(lower) == platform::rectangleRows({0, 0, 8, 8}));
-    CHECK(table.take(upper) == platform::rectangleRows({0, 0, 8, 4}));
+    CHECK(taken(table, lower) == platform::rectangleRows({0, 0, 8, 8}));
+    CHECK(taken(table, upper) == platform::rectangleRows({0, 0, 8, 4}));
 }
 
 TEST_CASE("a combination tells whether its result is empty, one rectangle or more") {
     platform::RegionTable table;
     const auto empty = table.add({});
-    const auto block = table.add(platform::rectangleRows({0, 0, 8, 4}));
-    const auto apart = table.add(platform::rectangleRows({9, 9, 12, 12}));
+    const auto block = table.add({{0, 0, 8, 4}});
+    const auto apart = table.add({{9, 9, 12, 12}});
     const auto target = table.add({});
     CHECK(table.combine(target, empty, empty, platform::RGN_OR) == 1);
     CHECK(table.combine(target, block, empty, platform::RGN_OR) == 2);
@@ -163,7 +170,7 @@ TEST_CASE("a combination tells whether its result is empty, one rectangle or mor
 
 TEST_CASE("a combination of handles that aren't known, or in another mode, fails") {
     platform::RegionTable table;
-    const auto block = table.add(platform::rectangleRows({0, 0, 8, 4}));
+    const auto block = table.add({{0, 0, 8, 4}});
     CHECK(table.combine(99, block, block, platform::RGN_OR) == 0);
     CHECK(table.combine(block, 0, block, platform::RGN_OR) == 0);
     CHECK(table.combine(block, block, 99, platform::RGN_OR) == 0);
@@ -172,7 +179,7 @@ TEST_CASE("a combination of handles that aren't known, or in another mode, fails
 
 TEST_CASE("a region that is handed out is no longer known") {
     platform::RegionTable table;
-    const auto block = table.add(platform::rectangleRows({0, 0, 8, 4}));
+    const auto block = table.add({{0, 0, 8, 4}});
     CHECK(table.take(block).has_value());
     CHECK_FALSE(table.take(block).has_value());
     CHECK(table.size() == 0);
