@@ -92,8 +92,10 @@ class Baseline:
                 raise SystemExit(f"{suite.name} fails before anything is changed")
         self.compilers = {}
         for entry in json.loads((BUILD / "compile_commands.json").read_text()):
-            name = pathlib.Path(entry["file"]).relative_to(SOURCES).as_posix()
-            self.compilers[name] = shlex.split(entry["command"])
+            file = pathlib.Path(entry["file"])
+            if file.is_relative_to(SOURCES):
+                name = file.relative_to(SOURCES).as_posix()
+                self.compilers[name] = shlex.split(entry["command"])
         self.includers = self.read_dependencies()
 
     def read_dependencies(self):
