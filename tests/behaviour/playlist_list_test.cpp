@@ -144,12 +144,19 @@ TEST_CASE("with three entries or fewer the scroll keys press and release and scr
 TEST_CASE("a scroll key held down doesn't repeat, and scrolls wherever it is let go") {
     OpenPlaylist player;
     player.addLetters(10);
-    player.press(player.form.pctLBoxDownUp);
-    simulated::advance(5000);
-    CHECK(player.firstRow() == 0);
-    simulated::moveToScreen(5, 5);
-    simulated::release();
-    CHECK(player.firstRow() == 1);
+    const auto hold = [&](const toolkit::Control& key, int before, int after) {
+        player.press(key);
+        simulated::advance(5000);
+        CHECK(player.firstRow() == before);
+        simulated::moveToScreen(5, 5);
+        simulated::release();
+        CHECK(player.firstRow() == after);
+    };
+    hold(player.form.pctLBoxDownUp, 0, 1);
+    hold(player.form.pctLBoxDownUp, 1, 2);
+    hold(player.form.pctLBoxUpUp, 2, 1);
+    CHECK_FALSE(player.form.pctLBoxDownDown.Visible());
+    CHECK_FALSE(player.form.pctLboxUpDown.Visible());
 }
 
 TEST_CASE("the patch between the scroll keys doesn't react") {
