@@ -12,7 +12,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 PLACE = ROOT / "build" / "mutants"
 SOURCES = PLACE / "sources"  # a copy, which nobody edits during a run
 BUILD = PLACE / "built"
-SUITES = ["unit", "movement", "behaviour", "pictures"]
+SUITES = {"unit": "tests/unit", "movement": "tests/movement", "behaviour": "tests/behaviour",
+          "pictures": "tests/pictures", "window-pictures": "tests/pictures/windows"}
 # The suite that knows most about a folder goes first.
 FIRST = {"runtime": "unit", "toolkit": "behaviour", "movement": "movement"}
 SLOW = 0.5  # seconds; such tests run last
@@ -48,10 +49,10 @@ class Suite:
 
     def __init__(self, name):
         self.name = name
-        self.program = BUILD / "tests" / name / name
-        commands = must(["ninja", "-C", BUILD, "-t", "commands", f"tests/{name}/{name}"])
-        line = next(line for line in reversed(commands.splitlines())
-                    if f"-o tests/{name}/{name} " in line)
+        place = f"{SUITES[name]}/{name}"
+        self.program = BUILD / place
+        commands = must(["ninja", "-C", BUILD, "-t", "commands", place])
+        line = next(line for line in reversed(commands.splitlines()) if f"-o {place} " in line)
         self.link = shlex.split(line.split("&&")[1])
         told = run([self.program, "-d", "-nc"]).stdout
         seconds = {test: float(time)
@@ -120,7 +121,7 @@ class Baseline:
         return sorted(
             name for name in self.includers.get(path, ())
             if name.split("/")[0] not in ("tests", "platform", "assets", "bench")
-            or (name.startswith(tuple(f"tests/{suite}/" for suite in SUITES))
+            or (name.startswith(tuple(f"{folder}/" for folder in SUITES.values()))
                 and f'"{path}"' in (SOURCES / name).read_text()))
 
     def outcome_of(self, change):

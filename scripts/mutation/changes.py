@@ -29,6 +29,9 @@ DEAD = re.compile(r"= (?:delete|default);$")
 
 LEAVES = re.compile(r"(?:return|break|continue|throw)\b")  # nothing behind it runs
 ASSIGNMENT = re.compile(r"([\w.]+) = ([\w.]+);$")
+HANDLER = re.compile(r"([\w.]+) = \[[^\]=]*\]")  # connects an event, which runs nothing yet
+# What a control shows is painted when the handler is done. Texts are blanks here.
+SHOWING = re.compile(r"([\w.()]+)\.(?:Visible|Caption)\((?:true|false| *)\);$")
 
 
 @dataclass(frozen=True)
@@ -93,7 +96,11 @@ def statements(code):
 
 
 def independent(first, second):
-    """Whether two plain assignments touch nothing of each other, so that their order is no matter."""
+    """Whether two statements touch nothing of each other, so that their order is no matter."""
+    for pattern in (HANDLER, SHOWING):
+        one, other = pattern.match(first), pattern.match(second)
+        if one and other:
+            return one[1] != other[1]
     one, other = ASSIGNMENT.match(first), ASSIGNMENT.match(second)
     return bool(one and other) and one[1] != other[1] and one[1] != other[2] and one[2] != other[1]
 

@@ -136,6 +136,17 @@ class Changes(unittest.TestCase):
             ("dropped", ""), ("bool", "h(false);"),
             ("swapped", "h(true); if (a < 3 && !b) g();")})
 
+    def test_an_order_that_nobody_could_see_is_no_change(self):
+        for first, second in [("a.Click = [&p] { p.x(); };", "b.Click = [] { y(); };"),
+                              ('p.list().a.Caption("x");', "b.Visible(false);"),
+                              ("a = b;", "c = d;")]:
+            text = f"void f() {{\n    {first}\n    {second}\n}}\n"
+            self.assertNotIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
+        for first, second in [("a.Visible(true);", "a.Visible(false);"), ("a = b;", "c = a;"),
+                              ("a.Visible(true);", "b.Left(0);")]:
+            text = f"void f() {{\n    {first}\n    {second}\n}}\n"
+            self.assertIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
+
 
 if __name__ == "__main__":
     unittest.main()
