@@ -3,6 +3,10 @@
 #include "tests/pictures/windows/compare.h"
 #include "toolkit/painter.h"
 
+#include <QByteArray>
+#include <QFont>
+#include <QRawFont>
+
 #include <algorithm>
 #include <cstdint>
 #include <functional>
@@ -19,6 +23,16 @@ namespace {
 /// Systems differ a little in how they draw the edge of a letter; another weight, slant, size or
 /// colour differs by far more.
 constexpr pictures::Tolerance edges{48, 10};
+
+/// The letters' shapes differ between the first and the second release of their font. The release
+/// stands in the font itself, behind its table's version.
+std::string folderOfRelease() {
+    const QByteArray head = QRawFont::fromFont(QFont("Liberation Sans")).fontTable("head");
+    REQUIRE(head.size() > 6);
+    return "liberation-" + std::to_string(static_cast<int>(head[5]));
+}
+
+std::string referenceOf(const std::string& caption) { return folderOfRelease() + "/" + caption; }
 
 struct Caption {
     std::string name;
@@ -105,7 +119,8 @@ Font larger(Font font) {
 std::string changed(const Captions& all) {
     std::string names;
     for (const Caption& caption : all)
-        if (!pictures::looksLike(caption.name, caption.picture, edges)) names += caption.name + " ";
+        if (!pictures::looksLike(referenceOf(caption.name), caption.picture, edges))
+            names += caption.name + " ";
     return names;
 }
 
@@ -114,11 +129,11 @@ std::string changed(const Captions& all) {
 TEST_CASE("every caption looks as its reference picture does, letters included") {
     std::vector<std::string> names;
     for (const Caption& caption : captions()) {
-        pictures::checkPicture(caption.name, caption.picture, edges);
+        pictures::checkPicture(referenceOf(caption.name), caption.picture, edges);
         names.push_back(caption.name);
     }
     std::sort(names.begin(), names.end());
-    CHECK(pictures::referenceNames() == names);
+    CHECK(pictures::referenceNames(folderOfRelease()) == names);
 }
 
 TEST_CASE("a caption of another weight, slant, size or colour is told from its reference picture") {

@@ -111,9 +111,10 @@ bool looksLike(const std::string& name, const platform::Picture& actual, Toleran
     return differing(load(referenceOf(name)), actual, tolerance) == 0;
 }
 
-std::vector<std::string> referenceNames() {
+std::vector<std::string> referenceNames(const std::string& folder) {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(references))
+    std::error_code missing;
+    for (const auto& entry : std::filesystem::directory_iterator(references / folder, missing))
         names.push_back(entry.path().stem().string());
     std::sort(names.begin(), names.end());
     return names;

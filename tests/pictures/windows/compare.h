@@ -26,7 +26,7 @@ void checkPicture(const std::string& name, const platform::Picture& actual,
 /// Whether `checkPicture` would pass.
 bool looksLike(const std::string& name, const platform::Picture& actual, Tolerance tolerance);
 
-/// The names of all reference pictures there are, sorted.
-std::vector<std::string> referenceNames();
+/// The names of all reference pictures there are, or of those in a folder among them, sorted.
+std::vector<std::string> referenceNames(const std::string& folder = "");
 
 } // namespace pictures
