@@ -32,6 +32,8 @@ ASSIGNMENT = re.compile(r"([\w.]+) = ([\w.]+);$")
 HANDLER = re.compile(r"([\w.]+) = \[[^\]=]*\]")  # connects an event, which runs nothing yet
 # What a control shows is painted when the handler is done. Texts are blanks here.
 SHOWING = re.compile(r"([\w.()]+)\.(?:Visible|Caption)\((?:true|false| *)\);$")
+# Controls get their places and faces one by one; which lies above which is told elsewhere.
+LAYOUT = re.compile(r"(\w+)\.(?:place|set[A-Z]\w+)\(.*\);$", re.S)
 
 
 @dataclass(frozen=True)
@@ -97,7 +99,7 @@ def statements(code):
 
 def independent(first, second):
     """Whether two statements touch nothing of each other, so that their order is no matter."""
-    for pattern in (HANDLER, SHOWING):
+    for pattern in (HANDLER, SHOWING, LAYOUT):
         one, other = pattern.match(first), pattern.match(second)
         if one and other:
             return one[1] != other[1]

@@ -139,11 +139,11 @@ class Changes(unittest.TestCase):
     def test_an_order_that_nobody_could_see_is_no_change(self):
         for first, second in [("a.Click = [&p] { p.x(); };", "b.Click = [] { y(); };"),
                               ('p.list().a.Caption("x");', "b.Visible(false);"),
-                              ("a = b;", "c = d;")]:
+                              ("a.place(w, {1, 2});", "b.setText(c);"), ("a = b;", "c = d;")]:
             text = f"void f() {{\n    {first}\n    {second}\n}}\n"
             self.assertNotIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
         for first, second in [("a.Visible(true);", "a.Visible(false);"), ("a = b;", "c = a;"),
-                              ("a.Visible(true);", "b.Left(0);")]:
+                              ("a.Visible(true);", "b.Left(0);"), ("w.add(a);", "w.add(b);")]:
             text = f"void f() {{\n    {first}\n    {second}\n}}\n"
             self.assertIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
 
