@@ -9,8 +9,11 @@ import subprocess
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-BUILD = ROOT / "build" / "mutants"
-SUITES = ["unit", "movement", "behaviour", "pictures"]
+PLACE = ROOT / "build" / "mutants"
+SOURCES = PLACE / "sources"  # a copy, which nobody edits during a run
+BUILD = PLACE / "built"
+SUITES = {"unit": "tests/unit", "movement": "tests/movement", "behaviour": "tests/behaviour",
+          "pictures": "tests/pictures", "window-pictures": "tests/pictures/windows"}
 # The suite that knows most about a folder goes first.
 FIRST = {"runtime": "unit", "toolkit": "behaviour", "movement": "movement"}
 SLOW = 0.5  # seconds; such tests run last
@@ -22,10 +25,23 @@ def run(command, **options):
 
 
 def must(command):
-    done = run(command, cwd=ROOT)
+    done = run(command, cwd=SOURCES)
     if done.returncode:
         raise SystemExit(f"{shlex.join(map(str, command))}\n{done.stdout}{done.stderr}")
     return done.stdout
+
+
+def first_line(text):
+    return next((line.strip() for line in text.splitlines() if line.strip()), "without a word")
+
+
+def refusal(compiled):
+    """Why a source did not compile. The compiler has to name an error of the code's: one that was
+    killed, or found its files or its room gone, tells nothing about the change."""
+    error = re.search(r": (error: .*)", compiled.stderr)
+    if compiled.returncode == 1 and error:
+        return "does not compile", error[1]
+    raise SystemExit(f"the compiler ended with {compiled.returncode}: {compiled.stderr}")
 
 
 class Suite:
@@ -33,10 +49,10 @@ class Suite:
 
     def __init__(self, name):
         self.name = name
-        self.program = BUILD / "tests" / name / name
-        commands = must(["ninja", "-C", BUILD, "-t", "commands", f"tests/{name}/{name}"])
-        line = next(line for line in reversed(commands.splitlines())
-                    if f"-o tests/{name}/{name} " in line)
+        place = f"{SUITES[name]}/{name}"
+        self.program = BUILD / place
+        commands = must(["ninja", "-C", BUILD, "-t", "commands", place])
+        line = next(line for line in reversed(commands.splitlines()) if f"-o {place} " in line)
         self.link = shlex.split(line.split("&&")[1])
         told = run([self.program, "-d", "-nc"]).stdout
         seconds = {test: float(time)
@@ -66,7 +82,7 @@ class Suite:
 class Baseline:
     def __init__(self):
         linker = ["-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld"] if shutil.which("ld.lld") else []
-        must(["cmake", "-S", ROOT, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
+        must(["cmake", "-S", SOURCES, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
               "-DCMAKE_CXX_FLAGS=-O0 -w", "-DORVAN_BENCH=OFF",
               f"-DCMAKE_PROJECT_orvan_INCLUDE={pathlib.Path(__file__).with_name('flags.cmake')}",
               *linker])
@@ -77,8 +93,10 @@ class Baseline:
                 raise SystemExit(f"{suite.name} fails before anything is changed")
         self.compilers = {}
         for entry in json.loads((BUILD / "compile_commands.json").read_text()):
-            name = pathlib.Path(entry["file"]).relative_to(ROOT).as_posix()
-            self.compilers[name] = shlex.split(entry["command"])
+            file = pathlib.Path(entry["file"])
+            if file.is_relative_to(SOURCES):
+                name = file.relative_to(SOURCES).as_posix()
+                self.compilers[name] = shlex.split(entry["command"])
         self.includers = self.read_dependencies()
 
     def read_dependencies(self):
@@ -91,8 +109,8 @@ class Baseline:
                 source = objects.get(line.split(":")[0])
             elif line and source and line.strip().endswith(".h"):
                 header = (BUILD / line.strip()).resolve()
-                if header.is_relative_to(ROOT):
-                    includers.setdefault(header.relative_to(ROOT).as_posix(), set()).add(source)
+                if header.is_relative_to(SOURCES):
+                    includers.setdefault(header.relative_to(SOURCES).as_posix(), set()).add(source)
         return includers
 
     def concerned(self, path):
@@ -103,37 +121,43 @@ class Baseline:
         return sorted(
             name for name in self.includers.get(path, ())
             if name.split("/")[0] not in ("tests", "platform", "assets", "bench")
-            or (name.startswith(tuple(f"tests/{suite}/" for suite in SUITES))
-                and f'"{path}"' in (ROOT / name).read_text()))
+            or (name.startswith(tuple(f"{folder}/" for folder in SUITES.values()))
+                and f'"{path}"' in (SOURCES / name).read_text()))
 
     def outcome_of(self, change):
+        """What becomes of a change, and what the compiler or linker said of one that it refused."""
         with tempfile.TemporaryDirectory() as folder:
             return self.outcome_in(pathlib.Path(folder), change)
 
     def outcome_in(self, folder, change):
-        overlay = folder / change.path
+        # Each kind of file in a folder of its own: "movement" is a folder and a suite.
+        changed, objects_in, programs = (folder / name for name in ("changed", "objects", "programs"))
+        programs.mkdir()
+        overlay = changed / change.path
         overlay.parent.mkdir(parents=True)
-        overlay.write_text(change.applied((ROOT / change.path).read_text()))
+        overlay.write_text(change.applied((SOURCES / change.path).read_text()))
         objects = {}
         for number, name in enumerate(self.concerned(change.path)):
             # Named as in its library, where it takes the place of the other one.
-            made = folder / str(number) / f"{pathlib.Path(name).name}.o"
-            made.parent.mkdir()
-            if self.compiled(name, folder, made).returncode:
-                return "does not compile"
+            made = objects_in / str(number) / f"{pathlib.Path(name).name}.o"
+            made.parent.mkdir(parents=True)
+            compiled = self.compiled(name, changed, made)
+            if compiled.returncode:
+                return refusal(compiled)
             command = self.compilers[name]
             objects[command[command.index("-o") + 1]] = made
-        libraries = self.with_objects(objects, folder)
+        libraries = self.with_objects(objects, objects_in)
         first = FIRST.get(change.path.split("/")[0], "behaviour")
         for name in sorted(SUITES, key=lambda suite: suite != first):
             suite = self.suites[name]
-            program = folder / name
-            if suite.linked(objects, libraries, program).returncode:
-                return "does not link"
+            program = programs / name
+            linked = suite.linked(objects, libraries, program)
+            if linked.returncode:
+                return "does not link", first_line(linked.stderr)
             if not suite.passes(program):
-                return "killed"
+                return "killed", ""
             program.unlink()
-        return "survived"
+        return "survived", ""
 
     def with_objects(self, objects, folder):
         """Copies of the libraries that hold the objects, with these in place of what they had."""
@@ -155,6 +179,6 @@ class Baseline:
             del command[0]
         command[command.index("-o") + 1] = str(made)
         changed = folder / name
-        command[command.index("-c") + 1] = str(changed if changed.exists() else ROOT / name)
+        command[command.index("-c") + 1] = str(changed if changed.exists() else SOURCES / name)
         command[1:1] = [f"-I{folder}"]
         return run(command, cwd=BUILD)

@@ -29,6 +29,11 @@ DEAD = re.compile(r"= (?:delete|default);$")
 
 LEAVES = re.compile(r"(?:return|break|continue|throw)\b")  # nothing behind it runs
 ASSIGNMENT = re.compile(r"([\w.]+) = ([\w.]+);$")
+HANDLER = re.compile(r"([\w.]+) = \[[^\]=]*\]")  # connects an event, which runs nothing yet
+# What a control shows is painted when the handler is done. Texts are blanks here.
+SHOWING = re.compile(r"([\w.()]+)\.(?:Visible|Caption)\((?:true|false| *)\);$")
+# Controls get their places and faces one by one; which lies above which is told elsewhere.
+LAYOUT = re.compile(r"(\w+)\.(?:place|set[A-Z]\w+)\(.*\);$", re.S)
 
 
 @dataclass(frozen=True)
@@ -93,7 +98,11 @@ def statements(code):
 
 
 def independent(first, second):
-    """Whether two plain assignments touch nothing of each other, so that their order is no matter."""
+    """Whether two statements touch nothing of each other, so that their order is no matter."""
+    for pattern in (HANDLER, SHOWING, LAYOUT):
+        one, other = pattern.match(first), pattern.match(second)
+        if one and other:
+            return one[1] != other[1]
     one, other = ASSIGNMENT.match(first), ASSIGNMENT.match(second)
     return bool(one and other) and one[1] != other[1] and one[1] != other[2] and one[2] != other[1]
 

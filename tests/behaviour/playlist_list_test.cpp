@@ -91,6 +91,24 @@ TEST_CASE("the scroll keys move the view by one row at the release and wrap roun
     CHECK(player.selected() == 0);
 }
 
+TEST_CASE("no click on a scroll key touches the selection, in view or out of it, or its absence") {
+    for (const int selection : {-1, 1, 9}) {
+        CAPTURE(selection);
+        OpenPlaylist player;
+        player.addLetters(10);
+        player.list().ListIndex(selection);
+        for (toolkit::Control* key : {static_cast<toolkit::Control*>(&player.form.pctLBoxDownUp),
+                                      static_cast<toolkit::Control*>(&player.form.pctLBoxUpUp)})
+            for (int n = 0; n < 10; ++n) {
+                const int before = player.firstRow();
+                player.click(*key);
+                CHECK(player.firstRow() != before);
+                CHECK(player.selected() == selection);
+            }
+        CHECK(player.status() == "Idle");
+    }
+}
+
 TEST_CASE("with four entries either scroll key toggles between the two views") {
     OpenPlaylist player;
     player.addLetters(4);
@@ -126,12 +144,19 @@ TEST_CASE("with three entries or fewer the scroll keys press and release and scr
 TEST_CASE("a scroll key held down doesn't repeat, and scrolls wherever it is let go") {
     OpenPlaylist player;
     player.addLetters(10);
-    player.press(player.form.pctLBoxDownUp);
-    simulated::advance(5000);
-    CHECK(player.firstRow() == 0);
-    simulated::moveToScreen(5, 5);
-    simulated::release();
-    CHECK(player.firstRow() == 1);
+    const auto hold = [&](const toolkit::Control& key, int before, int after) {
+        player.press(key);
+        simulated::advance(5000);
+        CHECK(player.firstRow() == before);
+        simulated::moveToScreen(5, 5);
+        simulated::release();
+        CHECK(player.firstRow() == after);
+    };
+    hold(player.form.pctLBoxDownUp, 0, 1);
+    hold(player.form.pctLBoxDownUp, 1, 2);
+    hold(player.form.pctLBoxUpUp, 2, 1);
+    CHECK_FALSE(player.form.pctLBoxDownDown.Visible());
+    CHECK_FALSE(player.form.pctLboxUpDown.Visible());
 }
 
 TEST_CASE("the patch between the scroll keys doesn't react") {
@@ -139,13 +164,19 @@ TEST_CASE("the patch between the scroll keys doesn't react") {
     player.addLetters(10);
     player.list().ListIndex(0);
     const platform::Point before = simulated::window(player.playlistWindow()).position;
+    const platform::Picture face = simulated::picture(player.playlistWindow());
+    simulated::world.media.forgetCommands();
     player.press(player.form.pctNone);
     simulated::moveToScreen(before.x + 300, before.y);
     simulated::release();
     player.click(player.form.pctNone);
+    player.doubleClick(player.form.pctNone);
     CHECK(player.firstRow() == 0);
     CHECK(player.selected() == 0);
+    CHECK(player.list().ListCount() == 10);
     CHECK(simulated::window(player.playlistWindow()).position == before);
+    CHECK(simulated::picture(player.playlistWindow()) == face);
+    CHECK(simulated::world.media.commands().empty());
 }
 
 TEST_CASE("the patch covers the lowest row of the upper key and the highest of the lower") {

@@ -164,6 +164,31 @@ TEST_CASE("remove doesn't interrupt the sound, and the display goes on") {
     CHECK(player.frmPlaylist().lblTitle.Caption() == "5 / 200");
 }
 
+TEST_CASE("no removal asks the device for anything, whatever is removed and whatever is left") {
+    for (int count = 1; count <= 4; ++count)
+        for (int selected = -1; selected < count; ++selected)
+            for (const bool paused : {false, true})
+                for (const bool all : {false, true}) {
+                    CAPTURE(count);
+                    CAPTURE(selected);
+                    OpenPlaylist player;
+                    player.playLetters(count);
+                    if (paused) player.click(player.form.pctPlsPause);
+                    player.list().ListIndex(selected);
+                    const std::string status = player.status();
+                    REQUIRE(status == (paused ? "Paused" : "Playing"));
+                    commandsSent();
+                    player.click(all ? player.form.pctClearAll : player.form.pctClear);
+                    CHECK(commandsSent().empty());
+                    CHECK(player.status() == status);
+                    CHECK(player.sounding() == "C:\\Music\\a.mp3");
+                    CHECK(player.frmPlayer().Timer1.Enabled());
+                    CHECK(player.frmPlayer().pctprogressbar.Visible());
+                    CHECK(player.frmPlayer().lblTimenow.Visible());
+                    CHECK(world.messages.shown.empty());
+                }
+}
+
 TEST_CASE("remove leaves the pause keys as they are") {
     OpenPlaylist player;
     player.playLetters(2);

@@ -130,6 +130,8 @@ TEST_CASE("a saved path that is gone is loaded all the same and fails in silence
     Player player;
     startWith(player, wholeLine);
     REQUIRE_FALSE(world.files.exists("C:\\Music\\a.mp3"));
+    CHECK(player.list().ListCount() == 2);
+    CHECK(player.frmPlayer().trackPaths[0] == "C:\\Music\\a.mp3");
     player.frmPlayer().startfile();
     CHECK(player.status() == "Idle");
     CHECK(world.messages.shown.empty());

@@ -68,21 +68,37 @@ platform::Picture load(const std::filesystem::path& path) {
     return toolkit::decodeBitmap(std::as_bytes(std::span(file)));
 }
 
-std::size_t differing(const platform::Picture& a, const platform::Picture& b) {
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < a.pixels.size(); ++i)
-        if (a.pixels[i] != b.pixels[i]) ++count;
-    return count;
+bool near(platform::Pixel a, platform::Pixel b, std::int32_t shade) {
+    for (const unsigned shift : {0U, 8U, 16U}) {
+        const auto one = static_cast<std::int32_t>(a >> shift & 0xFFU);
+        const auto other = static_cast<std::int32_t>(b >> shift & 0xFFU);
+        if (std::abs(one - other) > shade) return false;
+    }
+    return true;
 }
+
+/// How many pixels are too far from the reference's; all of them if the sizes differ.
+std::size_t differing(const platform::Picture& expected, const platform::Picture& actual,
+                      Tolerance tolerance) {
+    if (expected.width != actual.width || expected.height != actual.height)
+        return actual.pixels.size();
+    std::size_t count = 0;
+    std::size_t inked = 0;
+    for (std::size_t i = 0; i < expected.pixels.size(); ++i) {
+        if (expected.pixels[i] != expected.pixels.back()) ++inked;
+        if (!near(expected.pixels[i], actual.pixels[i], tolerance.shade)) ++count;
+    }
+    return count * 100 <= inked * tolerance.percent ? 0 : count;
+}
+
+std::filesystem::path referenceOf(const std::string& name) { return references / (name + ".bmp"); }
 
 } // namespace
 
-void checkPicture(const std::string& name, const platform::Picture& actual) {
-    const std::filesystem::path reference = references / (name + ".bmp");
-    if (std::getenv("ORVAN_REBASELINE") != nullptr) return save(reference, actual);
-    const platform::Picture expected = load(reference);
-    const bool sameSize = expected.width == actual.width && expected.height == actual.height;
-    const std::size_t pixels = sameSize ? differing(expected, actual) : actual.pixels.size();
+void checkPicture(const std::string& name, const platform::Picture& actual, Tolerance tolerance) {
+    if (std::getenv("ORVAN_REBASELINE") != nullptr) return save(referenceOf(name), actual);
+    const platform::Picture expected = load(referenceOf(name));
+    const std::size_t pixels = differing(expected, actual, tolerance);
     if (pixels == 0) return;
     save(differences / (name + ".actual.bmp"), actual);
     if (!expected.empty()) save(differences / (name + ".reference.bmp"), expected);
@@ -91,9 +107,14 @@ void checkPicture(const std::string& name, const platform::Picture& actual) {
                     << differences.string());
 }
 
-std::vector<std::string> referenceNames() {
+bool looksLike(const std::string& name, const platform::Picture& actual, Tolerance tolerance) {
+    return differing(load(referenceOf(name)), actual, tolerance) == 0;
+}
+
+std::vector<std::string> referenceNames(const std::string& folder) {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(references))
+    std::error_code missing;
+    for (const auto& entry : std::filesystem::directory_iterator(references / folder, missing))
         names.push_back(entry.path().stem().string());
     std::sort(names.begin(), names.end());
     return names;

@@ -1,0 +1,152 @@
+"""What scripts/mutants stands on: one run at a time, on a copy, and no fault of its own or of the
+machine's told as one of the change that it tries."""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+import unittest.mock
+
+TOOL = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "mutation"
+sys.path.insert(0, str(TOOL))
+import baseline
+import changes
+import workplace
+
+HOLDER = f"""
+import pathlib, sys
+sys.path.insert(0, {str(TOOL)!r})
+import workplace
+with workplace.held(pathlib.Path(sys.argv[1])):
+    print("held", flush=True)
+    sys.stdin.readline()
+"""
+
+
+def holder(folder):
+    return subprocess.Popen([sys.executable, "-B", "-c", HOLDER, folder], text=True,
+                            stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+
+
+class InAFolder(unittest.TestCase):
+    def setUp(self):
+        temporary = tempfile.TemporaryDirectory()
+        self.addCleanup(temporary.cleanup)
+        self.folder = pathlib.Path(temporary.name)
+
+
+class Runs(InAFolder):
+    def test_a_second_run_waits_until_the_first_is_done(self):
+        with holder(self.folder) as first:
+            self.assertEqual(first.stdout.readline(), "held\n")
+            with holder(self.folder) as second:
+                self.assertIn("waiting", second.stdout.readline())
+                first.communicate("\n")
+                self.assertEqual(second.stdout.readline(), "held\n")
+                second.communicate("\n")
+
+    def test_an_edit_reaches_the_copy_with_the_next_run_only(self):
+        root, copy = self.folder / "root", self.folder / "copy"
+        (root / "app").mkdir(parents=True)
+        (root / "build").mkdir()
+        (root / "build" / "made.h").touch()
+        for name in ("kept.h", "edited.h", "gone.h"):
+            (root / "app" / name).write_text("int a;\n")
+        workplace.copied(root, copy)
+        self.assertEqual([path.name for path in copy.iterdir()], ["app"])
+        for name in ("kept.h", "edited.h"):
+            os.utime(copy / "app" / name, (1, 1))
+        (root / "app" / "edited.h").write_text("int b;\n")
+        (root / "app" / "gone.h").unlink()
+        self.assertEqual((copy / "app" / "edited.h").read_text(), "int a;\n")
+        workplace.copied(root, copy)
+        self.assertEqual((copy / "app" / "edited.h").read_text(), "int b;\n")
+        self.assertEqual(sorted(path.name for path in (copy / "app").iterdir()),
+                         ["edited.h", "kept.h"])
+        # What is the same is not built anew.
+        self.assertEqual((copy / "app" / "kept.h").stat().st_mtime, 1)
+        self.assertGreater((copy / "app" / "edited.h").stat().st_mtime, 1)
+
+
+class Suite:
+    """Links by writing a file, and lets every change survive."""
+
+    def linked(self, objects, libraries, target):
+        target.write_text("")
+        return subprocess.CompletedProcess([], 0, "", "")
+
+    def passes(self, program):
+        return program.is_file()
+
+
+class Unbuilt(baseline.Baseline):
+    """Compiles by copying."""
+
+    def __init__(self):
+        self.suites = {name: Suite() for name in baseline.SUITES}
+        self.compilers = {}
+        self.includers = {}
+
+    def concerned(self, path):
+        self.compilers[path] = ["c++", "-o", f"{path}.o", "-c", path]
+        return [path]
+
+    def compiled(self, name, folder, made):
+        made.write_text((folder / name).read_text())
+        return subprocess.CompletedProcess([], 0, "", "")
+
+
+class Trials(InAFolder):
+    def test_a_change_in_a_folder_that_is_called_as_a_suite_is_tried_like_any_other(self):
+        with unittest.mock.patch.object(baseline, "SOURCES", self.folder):
+            for folder in {*baseline.SUITES, "app"}:
+                source = self.folder / folder / "a.cpp"
+                source.parent.mkdir()
+                source.write_text("void f() {\n    g();\n}\n")
+                change, = changes.of(f"{folder}/a.cpp", source.read_text())
+                self.assertEqual(Unbuilt().outcome_of(change), ("survived", ""))
+
+
+class Refusals(unittest.TestCase):
+    def refusal(self, code, said):
+        return baseline.refusal(subprocess.CompletedProcess([], code, "", said))
+
+    def test_an_error_in_the_code_is_the_changes(self):
+        self.assertEqual(self.refusal(1, "a.h:1:2: error: expected ';'\na.h:1:2: note: here\n"),
+                         ("does not compile", "error: expected ';'"))
+
+    def test_a_compiler_that_fails_by_itself_ends_the_run(self):
+        for code, said in [(1, "c++: fatal error: Killed signal terminated program cc1plus\n"),
+                           (1, "cc1plus: fatal error: a.h: No such file or directory\n"),
+                           (4, "a.h:1:2: internal compiler error: Segmentation fault\n"),
+                           (-9, "")]:
+            with self.assertRaises(SystemExit):
+                self.refusal(code, said)
+
+
+class Changes(unittest.TestCase):
+    def test_each_kind_of_change_is_made(self):
+        text = "void f() {\n    if (a < 3 && !b) g();\n    h(true);\n}\n"
+        made = {(change.kind, change.after) for change in changes.of("a.cpp", text)}
+        self.assertEqual(made, {
+            ("comparison", "if (a <= 3 && !b) g();"), ("number", "if (a < 4 && !b) g();"),
+            ("operator", "if (a < 3 || !b) g();"), ("bool", "if (a < 3 && b) g();"),
+            ("dropped", ""), ("bool", "h(false);"),
+            ("swapped", "h(true); if (a < 3 && !b) g();")})
+
+    def test_an_order_that_nobody_could_see_is_no_change(self):
+        for first, second in [("a.Click = [&p] { p.x(); };", "b.Click = [] { y(); };"),
+                              ('p.list().a.Caption("x");', "b.Visible(false);"),
+                              ("a.place(w, {1, 2});", "b.setText(c);"), ("a = b;", "c = d;")]:
+            text = f"void f() {{\n    {first}\n    {second}\n}}\n"
+            self.assertNotIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
+        for first, second in [("a.Visible(true);", "a.Visible(false);"), ("a = b;", "c = a;"),
+                              ("a.Visible(true);", "b.Left(0);"), ("w.add(a);", "w.add(b);")]:
+            text = f"void f() {{\n    {first}\n    {second}\n}}\n"
+            self.assertIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
+
+
+if __name__ == "__main__":
+    unittest.main()
