@@ -196,7 +196,7 @@ bool WindowWidget::eventFilter(QObject* /*watched*/, QEvent* event) {
     if (event->type() != QEvent::Expose || !windowHandle()->isExposed()) return false;
     if (exposuresUntilPlaced_ == 0 || --exposuresUntilPlaced_ > 0) return false;
     exposuresUntilPlaced_ = 1;
-    x::awaitServer();
+    if (x::isThere()) x::awaitServer();
     QMetaObject::invokeMethod(
         this, [this] { exposuresUntilPlaced_ = 0; }, Qt::QueuedConnection);
     return false;
