@@ -1,5 +1,6 @@
 #include "platform/linux/window_widget.h"
 
+#include "platform/device_pixels.h"
 #include "platform/linux/kept_in_front.h"
 #include "platform/linux/keys.h"
 #include "platform/linux/picture_image.h"
@@ -84,13 +85,14 @@ QRegion maskOf(const RegionRows& rows) {
 
 WindowWidget::WindowWidget(const WindowOptions& options, WindowEvents events)
     : QWidget(nullptr, flagsOf(options.frame)), events_(std::move(events)), frame_(options.frame),
-      place_(options.position) {
+      client_(std::max(options.size.width, 1), std::max(options.size.height, 1)),
+      place_(options.position), scale_(devicePixelRatioF()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setWindowTitle(QString::fromStdString(options.title));
-    setFixedSize(std::max(options.size.width, 1), std::max(options.size.height, 1));
+    setFixedSize(client_);
     move(place_.x, place_.y);
     ownMoves_.note(place_, milliseconds());
 }
@@ -122,6 +124,7 @@ void WindowWidget::resizeTo(Size outer) {
     const QSize border = frameGeometry().size() - size();
     const QSize client(std::max(outer.width - border.width(), 1),
                        std::max(outer.height - border.height(), 1));
+    client_ = client;
     if (client != size()) setFixedSize(client);
 }
 
@@ -139,9 +142,40 @@ void WindowWidget::beginToShow() {
     if (besideMain_) leaveOutOfTaskBar(*this);
     winId();
     windowHandle()->installEventFilter(this);
+    watchScreen();
     exposuresUntilPlaced_ = 2;
     ownMoves_.forget();
     ownMoves_.note(place_, milliseconds());
+}
+
+/// The window's screen may be set to another scale, or another screen be the window's.
+void WindowWidget::watchScreen() {
+    QObject::disconnect(scaleChange_);
+    scaleChange_ = QObject::connect(screen(), &QScreen::logicalDotsPerInchChanged, this,
+                                    [this] { followScale(); });
+    QObject::disconnect(screenChange_);
+    screenChange_ = QObject::connect(windowHandle(), &QWindow::screenChanged, this, [this] {
+        watchScreen();
+        followScale();
+    });
+    followScale();
+}
+
+/// Qt takes it that a window keeps its size and its place on the display when the scale changes;
+/// the player's are in pixels of its own. What Qt takes to be the same already it leaves out.
+void WindowWidget::followScale() {
+    if (std::exchange(scale_, devicePixelRatioF()) == devicePixelRatioF()) return;
+    for (const std::int32_t x : {place_.x + 1, place_.x}) {
+        ownMoves_.note({x, place_.y}, milliseconds());
+        move(x, place_.y);
+    }
+    setFixedSize(client_ + QSize(1, 1));
+    setFixedSize(client_);
+    if (x::isThere())
+        x::resizeWindow(static_cast<xcb_window_t>(winId()), {deviceEdge(client_.width(), scale_),
+                                                             deviceEdge(client_.height(), scale_)});
+    fitShape();
+    update();
 }
 
 void WindowWidget::cut(std::optional<RegionShape> shape) {
@@ -161,10 +195,11 @@ void WindowWidget::fitShape() {
         return;
     }
     if (!mask().isEmpty()) clearMask();
+    if (internalWinId() == 0) return; // there will be another time
     RegionRows rows = rowsOf(*shape_, scale, place_);
     if (rows == cutTo_) return;
     cutTo_ = std::move(rows);
-    x::cutWindow(static_cast<xcb_window_t>(winId()), cutTo_.rectangles);
+    x::cutWindow(static_cast<xcb_window_t>(internalWinId()), cutTo_.rectangles);
 }
 
 void WindowWidget::askToClose() {

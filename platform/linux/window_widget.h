@@ -78,10 +78,16 @@ class WindowWidget : public QWidget {
     void beginToShow();
     void resizeTo(Size outer);
     void fitShape();
+    void watchScreen();
+    void followScale();
 
     WindowEvents events_;
     Frame frame_;
+    QSize client_;
     Point place_;
+    double scale_; ///< of the display, as the window's size and place were last told
+    QMetaObject::Connection scaleChange_;
+    QMetaObject::Connection screenChange_;
     std::optional<RegionShape> shape_;
     RegionRows cutTo_; ///< the shape on the display as it was last cut by this class
     OwnMoves ownMoves_;

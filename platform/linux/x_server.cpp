@@ -76,6 +76,20 @@ void cutWindow(xcb_window_t window, const std::vector<Rect>& rectangles) {
                          static_cast<std::uint32_t>(cut.size()), cut.data());
 }
 
+void resizeWindow(xcb_window_t window, Size size) {
+    // Window managers round a size down to its steps, of which Qt makes fractions whole.
+    constexpr std::uint32_t tellsSteps = 64;
+    auto hints = property(window, XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS);
+    if (!hints.empty()) {
+        hints.front() &= ~tellsSteps;
+        setProperty(window, XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, hints);
+    }
+    const std::array<std::uint32_t, 2> sides{static_cast<std::uint32_t>(size.width),
+                                             static_cast<std::uint32_t>(size.height)};
+    xcb_configure_window(server(), window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                         sides.data());
+}
+
 void awaitServer() {
     const Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(server(), xcb_get_input_focus(server()), nullptr));

@@ -49,6 +49,9 @@ void askWindowManager(xcb_atom_t request, xcb_window_t window,
 /// Cuts a window to rectangles in the display's own pixels, counted from its top left corner.
 void cutWindow(xcb_window_t window, const std::vector<Rect>& rectangles);
 
+/// Gives a window a size in the display's own pixels, whatever steps its hints tell.
+void resizeWindow(xcb_window_t window, Size size);
+
 /// Waits until the server has done what it was asked so far.
 void awaitServer();
 

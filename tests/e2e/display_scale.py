@@ -1,7 +1,9 @@
 """Displays with more pixels than a window's own: the face, its shape, and the pointer on them."""
 
 import math
+import pathlib
 import re
+import subprocess
 
 from desk import Desk, xdotool
 from scenario import scenario
@@ -22,12 +24,13 @@ def scaled(place, scale):
 class ScaledDesk(Desk):
     """Places count the windows' own pixels, as they do for the player."""
 
-    def __init__(self, world, scale, main, listing):
+    def __init__(self, world, scale, main, listing, **environment):
         self.scale = scale
+        self.environment = environment or {"QT_SCALE_FACTOR": str(scale)}
         super().__init__(world, main, listing)
 
     def begin(self, main):
-        self.player = self.world.start(QT_SCALE_FACTOR=str(self.scale))
+        self.player = self.world.start(**self.environment)
         self.list_number = None
         wait_until(self.shown, "the player's window", self.player)
         self.main_number = self.shown()[0]
@@ -131,6 +134,42 @@ def touches(desk):
         return not any(screen.is_root(x, y) for y in range(top - 3, top + 3)
                        for x in range(left, right))
     wait_until(closed, "no desktop between the windows", desk.player)
+
+
+class Settings:
+    """The desktop's settings, which the user changes while others run."""
+
+    def __init__(self, world):
+        program = pathlib.Path(world.program).parent / "tests" / "e2e" / "desktop_settings"
+        self.process = subprocess.Popen([program], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                        text=True)
+        world.stack.callback(world.end, self.process)
+
+    def scale(self, scale):
+        self.process.stdin.write(f"{round(96 * scale)}\n")
+        self.process.stdin.flush()
+        check(self.process.stdout.readline() == "told\n", "the settings aren't told")
+
+
+@scenario("both windows follow the display's scale while they run, and stay docked", **ONLY)
+def follows(world):
+    settings = Settings(world)
+    settings.scale(1)
+    desk = ScaledDesk(world, 1, (30, 31), (30, 113), QT_FONT_DPI=None)
+    for scale in (2, 1.5, 1.75, 1):
+        settings.scale(scale)
+        desk.scale = scale
+        wait_until(lambda: len(desk.shown()) == 2, f"the windows at {scale}", desk.player)
+        wait_until(lambda: desk.corner(desk.main_number) == scaled((30, 31), desk.scale) and
+                   desk.corner(desk.list_number) == scaled((30, 113), desk.scale),
+                   f"the windows' places at {scale}", desk.player)
+        touches(desk)
+        desk.take_main((20, 6))
+        desk.drag((41, 42))
+        desk.stands(main=(41, 42), listing=(41, 124))
+        desk.drag((30, 31))
+        desk.stands(main=(30, 31), listing=(30, 113))
+        desk.release()
 
 
 @at_scales("the face and its cut corners are as fine as the display", 1.5, 2, 3)
