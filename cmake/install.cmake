@@ -28,3 +28,4 @@ foreach(side 16 32 48 128 256)
     install(FILES ${made}/icons/${side}x${side}.png RENAME orvan.png
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${side}x${side}/apps)
 endforeach()
+install(FILES ${PROJECT_SOURCE_DIR}/docs/using.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/orvan)
