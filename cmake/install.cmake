@@ -28,3 +28,5 @@ foreach(side 16 32 48 128 256)
     install(FILES ${made}/icons/${side}x${side}.png RENAME orvan.png
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${side}x${side}/apps)
 endforeach()
+file(GLOB guide ${PROJECT_SOURCE_DIR}/docs/using*)
+install(FILES ${guide} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/orvan)

@@ -23,6 +23,7 @@ from scenario import run, scenario  # noqa: E402
 from world import World, check  # noqa: E402
 
 README = "Readme.txt"
+GUIDE = "Using.txt"
 PROGRAM = "Orvan.exe"
 LICENCE = "MinGW-w64.txt"
 SUMS = "SHA256SUMS"
@@ -39,13 +40,13 @@ def windows_programs(world):
             yield word, packed.read(PROGRAM)
 
 
-@scenario("each zip holds the program, the readme, the runtime's licence and nothing else")
+@scenario("each zip holds the program, the readme, the guide, the runtime's licence and nothing else")
 def zips_are_complete(world):
     for word in programs.MACHINES:
         with zip_of(world, word) as packed:
             check(packed.testzip() is None, f"the zip {word} is damaged")
             names = packed.namelist()
-            check(names == [LICENCE, PROGRAM, README], f"the zip {word} holds {names}")
+            check(names == [LICENCE, PROGRAM, README, GUIDE], f"the zip {word} holds {names}")
             built = (ROOT / "build" / f"windows-{word}" / PROGRAM).read_bytes()
             check(packed.read(PROGRAM) == built, f"the program {word} is not the one that was built")
 
@@ -71,16 +72,17 @@ def recommends(world):
     check("xdg-desktop-portal" in field("Suggests"), f"it suggests {field('Suggests')}")
 
 
-@scenario("the lines of the zips' texts end as Windows ends them, and the readme is plain ASCII")
+@scenario("the lines of the zips' texts end as Windows ends them, and readme and guide are plain ASCII")
 def text_lines(world):
     for word in programs.MACHINES:
         with zip_of(world, word) as packed:
-            for name in (README, LICENCE):
+            for name in (README, GUIDE, LICENCE):
                 text = packed.read(name)
                 check(text.count(b"\n") > 10, f"there is hardly a line in {name}")
                 check(text.count(b"\r\n") == text.count(b"\n") == text.count(b"\r"),
                       f"{name}: bare line ends")
             packed.read(README).decode("ascii")
+            packed.read(GUIDE).decode("ascii")
 
 
 @scenario("each zip's licence is that of the runtime that is linked into its program")
