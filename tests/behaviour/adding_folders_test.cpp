@@ -111,7 +111,10 @@ TEST_CASE("a folder without any MP3 adds nothing and shows nothing") {
     world.files.addFile("C:\\Music\\deep\\down\\a.wav");
     walk(player, "C:\\Music");
     CHECK(titles(player).empty());
+    CHECK(player.list().ListIndex() == -1);
     CHECK(world.messages.shown.empty());
+    CHECK(world.dialogs.opened.empty());
+    CHECK(commandsSent().empty());
 }
 
 TEST_CASE("a second folder is walked without the leftovers of the first") {
