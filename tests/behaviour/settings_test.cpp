@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -405,6 +406,25 @@ TEST_CASE("of several faults in a line the first that is met ends the program") 
     CHECK(fatalStartWith("3*0*0*C:\\a.mp3*x*90*0*0**0*0*120*1320*") == overflow);
     CHECK(fatalStartWith("3*x*0*C:\\a.mp3*x*90*0*0**0*0*120*1320*") == typeMismatch);
     CHECK(fatalStartWith("3*0*0**120*90*99999*0**0*0*x*1320*") == typeMismatch);
+}
+
+TEST_CASE("of two faulty numbers that are taken one after the other the first ends the program") {
+    const std::size_t order[] = {1, 2, 4, 5, 11, 12, 6, 7, 9, 10};
+    const auto lineWith = [](std::size_t one, const char* first, std::size_t other,
+                             const char* second) {
+        std::vector<std::string> fields = {"3", "0", "0", "",  "120", "90",  "0",
+                                           "0", "",  "0", "0", "120", "1320"};
+        fields[one] = first;
+        fields[other] = second;
+        std::string line;
+        for (const std::string& field : fields)
+            line += field + "*";
+        return line;
+    };
+    for (std::size_t n = 0; n + 1 < std::size(order); ++n) {
+        CHECK(fatalStartWith(lineWith(order[n], "1E309", order[n + 1], "x")) == overflow);
+        CHECK(fatalStartWith(lineWith(order[n], "x", order[n + 1], "1E309")) == typeMismatch);
+    }
 }
 
 TEST_CASE("whole-number fields round, ties to even") {
