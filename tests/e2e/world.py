@@ -55,6 +55,16 @@ def output_of(*command):
     return run.stdout if run.returncode == 0 else b""
 
 
+def shown_windows(process):
+    """The numbers of a process's windows on the screen."""
+    def found():
+        run = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(process)],
+                             stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+        # A window that goes while the search looks at it ends the search, which tells nothing then.
+        return None if b"X Error" in run.stderr else [run.stdout.decode().split()]
+    return wait_until(found, "a search for windows that none disturbs")[0]
+
+
 def facts_of(number, *more):
     """What the display tells of a window; nothing if there is no such window."""
     return dict(line.strip().rsplit(": ", 1)
@@ -117,8 +127,7 @@ class Player:
                 cwd=folder, env=environment, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
 
     def windows(self):
-        numbers = output_of("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid))
-        return [Window(number.decode()) for number in numbers.split()]
+        return [Window(number) for number in shown_windows(self.process.pid)]
 
     def face(self):
         """The main window, once it is on the screen."""
