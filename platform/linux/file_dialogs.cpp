@@ -8,9 +8,11 @@
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
 
+#include <QApplication>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QPointer>
 #include <QScreen>
 #include <QSplitter>
 #include <QTreeView>
@@ -73,18 +75,28 @@ void setUp(QFileDialog& dialog, const FileRequest& request) {
     makeRoom(dialog);
 }
 
+/// A list of names to complete would hold the pointer until the dialog's very end.
+void closePopup() {
+    if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
+}
+
 std::vector<std::string> chooseByQtsDialog(const FileRequest& request) {
     std::vector<std::string> paths;
     QEventLoop loop;
-    // Ends itself once it is closed, or with its owner when that ends first.
-    auto* const dialog = new QFileDialog(findWindow(request.owner));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    // Gone by itself if its owner ends first.
+    const QPointer<QFileDialog> dialog(new QFileDialog(findWindow(request.owner)));
     setUp(*dialog, request);
     QObject::connect(dialog, &QDialog::accepted, &loop, [&] { paths = chosenPaths(*dialog); });
+    // Its end may take a while, and what the user does by then comes after what was chosen.
+    QObject::connect(dialog, &QDialog::finished, &loop, [&] {
+        closePopup();
+        loop.quit();
+    });
     QObject::connect(dialog, &QObject::destroyed, &loop, &QEventLoop::quit);
     const KeptInFront kept(*dialog);
     dialog->show();
     loop.exec();
+    if (dialog) dialog->deleteLater();
     return paths;
 }
 

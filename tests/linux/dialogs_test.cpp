@@ -4,8 +4,10 @@
 
 #include <doctest/doctest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QCompleter>
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -105,6 +107,40 @@ void makeMusic(const TemporaryFolder& folder) {
 }
 
 } // namespace
+
+TEST_CASE("what is chosen comes before all that happens once the dialog has gone") {
+    const TemporaryFolder folder;
+    makeMusic(folder);
+    OpenDialog open(folder);
+    bool happened = false;
+    const auto afterwards = [&] { happened = true; };
+    CHECK(open.run([&](QFileDialog& dialog) {
+        QObject::connect(&dialog, &QDialog::finished, qApp, [&] {
+            QMetaObject::invokeMethod(qApp, afterwards, Qt::QueuedConnection);
+        });
+        type(dialog, "a.mp3");
+    }));
+    CHECK_FALSE(happened);
+    QApplication::processEvents();
+    CHECK(happened);
+}
+
+TEST_CASE("a list of names to complete goes with its dialog, and keeps no click from the windows") {
+    const TemporaryFolder folder;
+    makeMusic(folder);
+    OpenDialog open(folder);
+    bool listed = false;
+    CHECK(open.run([&](QFileDialog& dialog) {
+        auto* box = dialog.findChild<QLineEdit*>("fileNameEdit");
+        REQUIRE(box != nullptr);
+        box->setFocus();
+        box->completer()->popup()->show();
+        listed = QApplication::activePopupWidget() != nullptr;
+        type(dialog, "a.mp3");
+    }));
+    CHECK(listed);
+    CHECK(QApplication::activePopupWidget() == nullptr);
+}
 
 TEST_CASE("the open dialog gives the one file that was named") {
     const TemporaryFolder folder;
