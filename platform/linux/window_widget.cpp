@@ -9,6 +9,7 @@
 #include "platform/linux/x_server.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QKeyEvent>
@@ -174,6 +175,8 @@ void WindowWidget::followScale() {
     if (x::isThere())
         x::resizeWindow(static_cast<xcb_window_t>(winId()), {deviceEdge(client_.width(), scale_),
                                                              deviceEdge(client_.height(), scale_)});
+    // Nor does it make room for the larger picture where the window has its old size in pixels.
+    if (QBackingStore* const room = backingStore()) room->resize(client_);
     fitShape();
     update();
 }
