@@ -189,8 +189,10 @@ LRESULT status(const Message& message, Device& device) {
         return 0;
     }
     if (device.playing) {
-        if (parameters.dwReturn < device.latest) parameters.dwReturn = device.latest;
-        device.latest = static_cast<DWORD>(parameters.dwReturn);
+        // On a busy machine Wine tells of places behind the end before it has noticed that.
+        const DWORD told = std::min(static_cast<DWORD>(parameters.dwReturn), device.end);
+        device.latest = std::max(device.latest, told);
+        parameters.dwReturn = device.latest;
     }
     return result;
 }
