@@ -43,7 +43,6 @@ bool start(int argumentCount, char** arguments) {
                      display == nullptr ? "" : display);
         return false;
     }
-    media::connectEarly();
     chooseQtParts();
     // The arguments are the player's, not Qt's. Qt keeps references to what it is given.
     static char name[] = "orvan";
@@ -51,6 +50,8 @@ bool start(int argumentCount, char** arguments) {
     static int count = 1;
     // Never deleted: windows, timers and the tray icon may outlive any order of destruction.
     static QApplication* const application = new QApplication(count, kept);
+    // No earlier: it reads the environment, and Qt writes there while it starts.
+    media::connectEarly();
     application->setApplicationName(QStringLiteral("orvan"));
     // What a window without a title is called.
     application->setApplicationDisplayName(QStringLiteral("Orvan Music Player"));
