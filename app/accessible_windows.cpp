@@ -63,8 +63,7 @@ Accessible volumeSlider(FrmPlayer& p) {
     slider.place =
         grooveOf(p.pctvolume, volume::LowestLeft, volume::HighestLeft - volume::LowestLeft);
     slider.numbers = [&p]() -> toolkit::SliderNumbers {
-        const double percent =
-            std::clamp(sliders::volumeOf(p.pctvolume.Left()), 0.0, sliders::WholeVolume);
+        const double percent = sliders::WholeVolume * volume::shareOf(p.pctvolume.Left());
         const std::string words = std::to_string(runtime::roundToInt32(percent).value()) + " %";
         return {0, sliders::WholeVolume, sliders::VolumeStep, percent, words};
     };

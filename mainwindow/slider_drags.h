@@ -26,11 +26,6 @@ inline std::int32_t seekDrag(double position, double wanted, double length) {
     return runtime::roundToInt32((wanted - position) / seekStep(length)).value();
 }
 
-/// Percent of a thumb's place.
-constexpr double volumeOf(float left) {
-    return (static_cast<double>(left) - volume::LowestLeft) / TwipsAPercent;
-}
-
 /// From a thumb's place to a number of percent. The ends are reached by running into the stops, a
 /// pixel beyond.
 inline std::int32_t volumeDrag(float left, double percent) {
