@@ -2,7 +2,6 @@
 
 #include "platform/linux/accessibility.h"
 #include "platform/linux/accessible_form.h"
-#include "platform/linux/input_barrier.h"
 #include "platform/linux/press_place.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
@@ -40,7 +39,7 @@ void tellReaders(WindowHandle window, AccessiblePlace place, AccessibleChange ch
 
 bool takesInput(WindowHandle window) {
     const WindowWidget* const widget = findWindow(window);
-    return widget != nullptr && widget->isVisible() && !InputBarrier::bars(*widget);
+    return widget != nullptr && widget->takesInput();
 }
 
 void standInForPointer(std::optional<Point> place) { PressPlace::current() = place; }

@@ -1,7 +1,6 @@
 #include "platform/linux/accessible_form.h"
 
 #include "platform/linux/accessible_item.h"
-#include "platform/linux/input_barrier.h"
 #include "platform/linux/window_widget.h"
 
 #include <QPushButton>
@@ -52,7 +51,7 @@ const AccessibleWindow* AccessibleForm::asked() const {
 
 bool AccessibleForm::takesInput() const {
     const WindowWidget* const widget = windowWidget();
-    return widget != nullptr && widget->isVisible() && !InputBarrier::bars(*widget);
+    return widget != nullptr && widget->takesInput();
 }
 
 std::vector<std::int32_t> AccessibleForm::shown() const {

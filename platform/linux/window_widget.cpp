@@ -1,6 +1,7 @@
 #include "platform/linux/window_widget.h"
 
 #include "platform/device_pixels.h"
+#include "platform/linux/input_barrier.h"
 #include "platform/linux/kept_in_front.h"
 #include "platform/linux/keys.h"
 #include "platform/linux/picture_image.h"
@@ -11,6 +12,7 @@
 #include <QApplication>
 #include <QBackingStore>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPainter>
@@ -256,6 +258,14 @@ void WindowWidget::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
     painter.drawImage(QRect(0, 0, width(), height()), image);
+}
+
+bool WindowWidget::takesInput() const {
+    const QList<QDialog*> dialogs = findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly);
+    const bool hasDialog = std::any_of(dialogs.begin(), dialogs.end(), [](const QDialog* dialog) {
+        return dialog->isVisible() && dialog->isModal();
+    });
+    return isVisible() && !hasDialog && !InputBarrier::bars(*this);
 }
 
 double WindowWidget::pictureScale() const {

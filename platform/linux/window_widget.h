@@ -48,6 +48,8 @@ class WindowWidget : public QWidget {
     /// What a reader is told, good until the next event; null once the window has ended.
     const AccessibleWindow* accessible();
 
+    /// See `platform::takesInput`.
+    [[nodiscard]] bool takesInput() const;
     /// See `platform::pictureScale`.
     [[nodiscard]] double pictureScale() const;
 

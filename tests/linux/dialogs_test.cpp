@@ -1,5 +1,7 @@
+#include "platform/accessibility.h"
 #include "platform/linux/paths.h"
 #include "platform/shell.h"
+#include "platform/window.h"
 #include "tests/linux/temporary_folder.h"
 
 #include <doctest/doctest.h>
@@ -333,4 +335,24 @@ TEST_CASE("without a tray no icon is added, changed or removed") {
     CHECK_FALSE(platform::Shell_NotifyIconA(platform::NIM_ADD, &record));
     CHECK_FALSE(platform::Shell_NotifyIconA(platform::NIM_MODIFY, &record));
     CHECK_FALSE(platform::Shell_NotifyIconA(platform::NIM_DELETE, &record));
+}
+
+TEST_CASE("a reader has nothing done in a window that its folder dialog keeps the user from") {
+    platform::WindowOptions options;
+    options.size = {100, 50};
+    const platform::WindowHandle window = platform::createWindow(options, {});
+    platform::showWindow(window, true);
+    CHECK(platform::takesInput(window));
+    bool meanwhile = true;
+    const WhenDialogShows user([&](QFileDialog& dialog) {
+        meanwhile = platform::takesInput(window);
+        dialog.reject();
+    });
+    platform::BROWSEINFO record;
+    record.hOwner = window;
+    CHECK(platform::SHBrowseForFolder(&record) == 0);
+    CHECK(user.acted());
+    CHECK_FALSE(meanwhile);
+    CHECK(platform::takesInput(window));
+    platform::destroyWindow(window);
 }
