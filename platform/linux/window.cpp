@@ -89,6 +89,7 @@ bool setNormalState(WindowHandle window) {
     if (widget == nullptr) return false;
     leaveShowDesktop();
     widget->setWindowState(Qt::WindowNoState);
+    widget->leaveIcon();
     return true;
 }
 

@@ -133,11 +133,17 @@ void WindowWidget::resizeTo(Size outer) {
 
 void WindowWidget::reveal() {
     if (!isVisible()) beginToShow();
-    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    leaveIcon();
     show();
     raise();
     activateWindow();
     bringDialogsToFront();
+}
+
+void WindowWidget::leaveIcon() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    // Qt changes nothing as long as it hasn't been told of the icon.
+    if (isVisible() && x::isThere()) x::leaveIcon(static_cast<xcb_window_t>(winId()));
 }
 
 /// What was done to the hidden window isn't repeated by the window system.

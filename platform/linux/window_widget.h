@@ -29,6 +29,9 @@ class WindowWidget : public QWidget {
     /// Shows the window in front of the others, also if the user has minimised it.
     void reveal();
 
+    /// Takes the window out of the icon that the user has made of it.
+    void leaveIcon();
+
     /// The window is a second one beside the main window, which stands for it in task bars.
     void setBesideMain() { besideMain_ = true; }
 

@@ -90,6 +90,15 @@ void resizeWindow(xcb_window_t window, Size size) {
                          sides.data());
 }
 
+void leaveIcon(xcb_window_t window) {
+    constexpr std::uint32_t iconicState = 3; // ICCCM 4.1.3.1
+    const xcb_atom_t name = atom("WM_STATE");
+    const auto state = property(window, name, name);
+    if (state.empty() || state.front() != iconicState) return;
+    xcb_map_window(server(), window);
+    xcb_flush(server());
+}
+
 void awaitServer() {
     const Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(server(), xcb_get_input_focus(server()), nullptr));

@@ -52,6 +52,9 @@ void cutWindow(xcb_window_t window, const std::vector<Rect>& rectangles);
 /// Gives a window a size in the display's own pixels, whatever steps its hints tell.
 void resizeWindow(xcb_window_t window, Size size);
 
+/// Shows a window of which the window manager has made an icon.
+void leaveIcon(xcb_window_t window);
+
 /// Waits until the server has done what it was asked so far.
 void awaitServer();
 

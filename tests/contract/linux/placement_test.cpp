@@ -6,6 +6,7 @@
 
 #include <doctest/doctest.h>
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -45,6 +46,16 @@ bool standsAt(Point corner) {
                screenPixel({corner.x + 119, corner.y + 79}) == colour &&
                screenPixel({corner.x + 120, corner.y + 79}) != colour;
     });
+}
+
+/// Whether the window manager makes an icon of the window, while no event reaches the player.
+bool becomesIconUntold(WindowHandle window) {
+    const std::uint64_t limit = contract::clock() + 10'000;
+    while (!contract::isMinimised(window)) {
+        if (contract::clock() > limit) return false;
+        Sleep(1);
+    }
+    return true;
 }
 
 } // namespace
@@ -175,6 +186,22 @@ TEST_CASE("a window that the user has minimised comes back where it was when it 
     CHECK(standsAt({300, 200}));
     contract::letPass(200);
     CHECK(placed.told.empty());
+}
+
+TEST_CASE("a window comes out of an icon that it has become before it was told") {
+    void (*const ways[])(WindowHandle) = {[](WindowHandle window) { setNormalState(window); },
+                                          [](WindowHandle window) { showWindow(window, true); }};
+    for (const auto restore : ways) {
+        const Placed placed({300, 200});
+        showWindow(placed.handle, true);
+        REQUIRE(standsAt({300, 200}));
+        contract::letPass(100);
+        contract::minimise(placed.handle);
+        REQUIRE(becomesIconUntold(placed.handle));
+        restore(placed.handle);
+        CHECK(contract::waitUntil([&] { return !contract::isMinimised(placed.handle); }));
+        CHECK(standsAt({300, 200}));
+    }
 }
 
 TEST_CASE("showing a window that is shown brings it to the front") {
