@@ -189,8 +189,10 @@ bool isShown(platform::WindowHandle window) {
 }
 
 void minimise(platform::WindowHandle window) {
-    const auto id = static_cast<xcb_window_t>(platform::findWindow(window)->winId());
-    waitUntil([&] { return isOnScreen(id); });
+    const platform::WindowWidget* const widget = platform::findWindow(window);
+    const auto id = static_cast<xcb_window_t>(widget->winId());
+    // Qt asks for the focus once it is told of the showing, and that would end the icon again.
+    waitUntil([&] { return isOnScreen(id) && widget->isActiveWindow(); });
     xdotool("windowminimize " + std::to_string(id));
 }
 
