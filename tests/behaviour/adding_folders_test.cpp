@@ -191,6 +191,38 @@ TEST_CASE("a folder that is gone is the fatal end") {
           "Run-time error 76: Path not found\nC:\\Gone");
 }
 
+TEST_CASE(
+    "a folder that vanishes while the tree is walked is the fatal end, and nothing is added") {
+    Player player;
+    player.start();
+    world.files.addFile(A);
+    world.files.addFolder("C:\\Music\\gone");
+    world.watch = [](const std::string& note) {
+        if (note == "list folders C:\\Music\\gone") world.files.remove("C:\\Music\\gone");
+    };
+    world.dialogs.pickFolder("C:\\Music");
+    CHECK(fatalMessageOf([&] { player.frmPlayer().opendir(); }) ==
+          "Run-time error 76: Path not found\nC:\\Music\\gone");
+    world.watch = nullptr;
+    CHECK(player.frmPlayer().trackCount == 0);
+}
+
+TEST_CASE(
+    "a folder that vanishes before its files are listed is the fatal end, behind the others") {
+    Player player;
+    player.start();
+    world.files.addFile(A);
+    world.files.addFile("C:\\Music\\gone\\b.mp3");
+    world.watch = [](const std::string& note) {
+        if (note == "list files C:\\Music\\gone") world.files.remove("C:\\Music\\gone");
+    };
+    world.dialogs.pickFolder("C:\\Music");
+    CHECK(fatalMessageOf([&] { player.frmPlayer().opendir(); }) ==
+          "Run-time error 76: Path not found\nC:\\Music\\gone");
+    world.watch = nullptr;
+    CHECK(paths(player) == Texts{A});
+}
+
 TEST_CASE("no tick runs while a folder is walked") {
     Player player;
     player.play({A});

@@ -219,6 +219,19 @@ TEST_CASE("a buffer without any nul is the fatal end") {
     CHECK(fatalMessageOf([&] { player.frmPlayer().openfiles(); }) == "Run-time error 6: Overflow");
 }
 
+TEST_CASE("a buffer of nothing but names of one letter is taken apart to its very end") {
+    Player player;
+    player.start();
+    std::string buffer = "C" + nul();
+    for (int name = 1; name < 8192; ++name)
+        buffer += "x" + nul();
+    REQUIRE(buffer.size() == 16384);
+    // The last name fills the buffer up: no empty piece ends it.
+    world.dialogs.fillBuffer(buffer);
+    CHECK(fatalMessageOf([&] { player.frmPlayer().openfiles(); }) == "Run-time error 6: Overflow");
+    CHECK(player.frmPlayer().trackCount == 0);
+}
+
 TEST_CASE("the list may change while the open dialog is up") {
     Player player;
     player.play({A, B});

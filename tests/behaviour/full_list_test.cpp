@@ -1,0 +1,129 @@
+#include "tests/behaviour/adding.h"
+#include "tests/behaviour/open_playlist.h"
+
+#include <cstddef>
+#include <string>
+
+using behaviour::endsTheProcess;
+using behaviour::fatalMessageOf;
+using behaviour::OpenPlaylist;
+using behaviour::Player;
+using simulated::Key;
+using simulated::world;
+using namespace behaviour::adding;
+
+namespace {
+
+constexpr const char* settingsFile = "C:\\Orvan\\MyPlayerSettings.mps";
+constexpr const char* last = "C:\\Music\\last.mp3";
+
+/// Fills the list up to all the tracks that it holds.
+void fill(Player& player) {
+    fillTo32766(player);
+    pick(player, {last});
+    REQUIRE(player.list().ListCount() == 32767);
+}
+
+/// The list field of the saved line: each path with its end, and one more end.
+std::string savedList() {
+    const std::string& line = world.files.text(settingsFile);
+    std::size_t start = 0;
+    for (int field = 0; field < 3; ++field)
+        start = line.find('*', start) + 1;
+    return line.substr(start, line.find('*', start) - start);
+}
+
+} // namespace
+
+TEST_CASE("a list of 32767 tracks is scrolled through from end to end, and the ends meet") {
+    OpenPlaylist player;
+    fill(player);
+    player.list().ListIndex(0);
+    for (int row = 1; row <= 32764; ++row) {
+        player.click(player.form.pctLBoxDownUp);
+        if (player.firstRow() != row) FAIL("it stands at row " << player.firstRow());
+        world.text.drawn.clear();
+        simulated::clearLog();
+    }
+    player.click(player.form.pctLBoxDownUp);
+    CHECK(player.firstRow() == 0);
+    player.click(player.form.pctLBoxUpUp);
+    CHECK(player.firstRow() == 32764);
+    player.turnWheel(30);
+    CHECK(player.firstRow() == 32764);
+    player.turnWheel(-40000);
+    CHECK(player.firstRow() == 0);
+    player.turnWheel(40000);
+    CHECK(player.firstRow() == 32764);
+    CHECK(world.text.shows("last.mp3"));
+    CHECK(player.selected() == 0);
+}
+
+TEST_CASE("the keys of a list go to both ends of 32767 tracks and no further") {
+    OpenPlaylist player;
+    fill(player);
+    const auto type = [&](Key key) {
+        simulated::typeKey(player.playlistWindow(), key);
+        return player.selected();
+    };
+    CHECK(type(Key::Home) == 0);
+    CHECK(type(Key::End) == 32766);
+    CHECK(player.firstRow() == 32764);
+    CHECK(type(Key::Down) == 32766);
+    CHECK(type(Key::PageDown) == 32766);
+    CHECK(type(Key::Up) == 32765);
+    simulated::typeText(player.playlistWindow(), "l");
+    CHECK(player.selected() == 32766);
+    simulated::typeText(player.playlistWindow(), "0");
+    CHECK(player.selected() == 0);
+    CHECK(type(Key::PageUp) == 0);
+}
+
+TEST_CASE("the last of 32767 tracks plays, and next and previous go round from it") {
+    Player player;
+    player.start();
+    fill(player);
+    CHECK(world.media.openPath() == last);
+    player.frmPlayer().nextfile();
+    CHECK(player.list().ListIndex() == 32766);
+    player.frmPlayer().repeatOn = true;
+    player.frmPlayer().nextfile();
+    CHECK(player.list().ListIndex() == 0);
+    player.frmPlayer().prevfile();
+    CHECK(player.list().ListIndex() == 32766);
+    CHECK(world.media.openPath() == last);
+}
+
+TEST_CASE("a list of 32767 tracks is saved whole, and the next start can't take it") {
+    std::string saved;
+    {
+        Player player;
+        player.start();
+        fill(player);
+        std::string expected;
+        for (const std::string& path : paths(player))
+            expected += path + '/';
+        CHECK(endsTheProcess([&] { player.click(player.frmPlayer().pctquit); }));
+        CHECK((savedList() == expected + '/'));
+        saved = world.files.text(settingsFile);
+    }
+    Player player;
+    world.files.addFile(settingsFile, saved);
+    const auto message = fatalMessageOf([&] { player.start(); });
+    REQUIRE(message);
+    CHECK(message->starts_with("Run-time error 6: Overflow"));
+}
+
+TEST_CASE("an entry less makes room for one more in a full list") {
+    Player player;
+    player.start();
+    fill(player);
+    player.frmPlayer().clear();
+    CHECK(player.list().ListCount() == 32766);
+    CHECK(player.list().ListIndex() == 0);
+    pick(player, {A});
+    CHECK(player.list().ListCount() == 32767);
+    CHECK(player.list().ListIndex() == 32766);
+    CHECK(player.frmPlayer().trackPaths[32766] == A);
+    CHECK(world.media.openPath() == A);
+}
