@@ -56,9 +56,16 @@ class DialogFromTheLoop {
         if (!opened_) return open();
         QFileDialog* const dialog = shownFileDialog();
         if (dialog == nullptr) return;
-        if (next_ < steps_.size()) return steps_[next_++]();
+        if (inStep_) return; // which lets ticks run while it waits
+        if (next_ < steps_.size()) return takeStep();
         forced_ = ++waited_ == patience;
         if (forced_) dialog->reject();
+    }
+
+    void takeStep() {
+        inStep_ = true;
+        steps_[next_++]();
+        inStep_ = false;
     }
 
     void open() {
@@ -72,17 +79,18 @@ class DialogFromTheLoop {
     std::size_t next_ = 0;
     int waited_ = 0;
     bool opened_ = false;
+    bool inStep_ = false;
     bool closed_ = false;
     bool forced_ = false;
     contract::Timer timer_{50, [this] { tick(); }};
 };
 
-/// The dialog is where it will stay once it has its frame.
+/// The dialog is where it will stay once it has its frame, of which its widget may not be told.
 void waitForDialog() {
     const QPointer<const QFileDialog> dialog = shownFileDialog();
     CHECK(contract::waitUntil([&] {
         return dialog != nullptr && dialog->windowHandle()->isExposed() &&
-               dialog->frameGeometry() != dialog->geometry();
+               !dialog->windowHandle()->frameMargins().isNull();
     }));
 }
 
