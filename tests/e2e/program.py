@@ -42,6 +42,7 @@ class Linux:
     folder_title = "Browse for folder"
     tray_menu_has_keys = True
     late_sound = 0.0
+    sets_settings_aside = False
     about_frame = (0, 0, 0, 0)  # left, top, right, bottom, as far as it is the program's own
 
     def command(self, program, arguments):
@@ -95,8 +96,9 @@ class Windows:
     tray_menu_has_keys = False  # Wine leaves the keyboard where it was before the click
     # Seconds by which Wine's sound may begin late, which are missing at the end then.
     late_sound = 0.8
+    sets_settings_aside = True  # until the new ones have their name
     about_frame = (3, 19, 3, 3)
-    foreign_corner = (164, 44)  # at the top left, Wine's own window with the icons of the tray
+    foreign_corner = (170, 54)  # at the top left, Wine's own window with the icons of the tray
 
     def command(self, program, arguments):
         arguments = [self.path(one) if isinstance(one, pathlib.Path) else str(one)

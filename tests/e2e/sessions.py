@@ -263,7 +263,7 @@ def killed_while_quitting(world):
             player.process.kill()
             player.process.wait(PATIENCE)
         taken = time.monotonic() - asked
-        text = world.saved()
+        text = world.found_at_start()
         check(text in (old, new), f"killed {delay} s after the quit key it left: {text[:200]!r}")
         return text, taken
 

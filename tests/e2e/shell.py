@@ -244,8 +244,7 @@ def restores_from_the_tray(world):
     tray.quit_player(player)
 
 
-@scenario("a window that the tray icon brought back takes clicks where it stands", only="linux",
-          because="Wine asks for its place while the window manager frames it, and may believe it at 0, 0")
+@scenario("a window that the tray icon brought back takes clicks where it stands")
 def restored_window_takes_clicks(world):
     quit_player(*restored_from_the_tray(world, Tray(world)))
 

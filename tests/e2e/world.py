@@ -176,12 +176,12 @@ class Ear:
         """Seconds recorded, sound or not."""
         return self.path.stat().st_size / (4 * hear.RATE)
 
-    def hears_tone(self, hertz, player):
+    def hears_tone(self, hertz, player, channel="left"):
         """Waits until what has sounded is a tone. A busy machine tears holes into its beginning."""
         def heard():
             recording = self.so_far()
-            return recording.sounding and recording.tone_in("left", hertz)
-        wait_until(heard, f"a tone of {hertz} Hz", player)
+            return recording.sounding and recording.tone_in(channel, hertz)
+        wait_until(heard, f"a tone of {hertz} Hz in the {channel} channel", player)
 
     def hears(self, seconds, player):
         """Waits for that much more sound."""
@@ -230,6 +230,13 @@ class World:
         check(text.count("\n") == 1 and text.endswith(self.build.line_end),
               f"saved {text!r}, which is not one whole line")
         return text.removesuffix(self.build.line_end)
+
+    def found_at_start(self):
+        """The line that the next start finds. On Windows the old file may still bear another name."""
+        settings, aside = self.folder / SETTINGS, self.folder / f"{SETTINGS}.old"
+        if self.build.sets_settings_aside and aside.exists() and not settings.exists():
+            aside.rename(settings)
+        return self.saved()
 
     def listen(self):
         ear = Ear(self.folder)
