@@ -23,6 +23,12 @@ bool displayAnswers() {
     return answers;
 }
 
+/// Windows that were to end with the next event don't outlast the program's last one: Qt 6.8 would
+/// delete them on the way out, when what their deletion needs is gone.
+void forgetEndsAtExit() {
+    std::atexit([] { QCoreApplication::removePostedEvents(nullptr, QEvent::DeferredDelete); });
+}
+
 void chooseQtParts() {
     // Only under X11 can a window be placed; a Wayland desktop has an X server for that.
     qputenv("QT_QPA_PLATFORM", "xcb");
@@ -50,6 +56,7 @@ bool start(int argumentCount, char** arguments) {
     static int count = 1;
     // Never deleted: windows, timers and the tray icon may outlive any order of destruction.
     static QApplication* const application = new QApplication(count, kept);
+    forgetEndsAtExit();
     // No earlier: it reads the environment, and Qt writes there while it starts.
     media::connectEarly();
     application->setApplicationName(QStringLiteral("orvan"));
