@@ -40,8 +40,15 @@ def wait_until(condition, what, player=None):
         if player is not None and player.process.poll() is not None:
             raise AssertionError(f"the player ended before: {what}")
         if time.monotonic() > deadline:
-            raise AssertionError(f"waited {PATIENCE} s in vain for: {what}")
+            raise AssertionError(f"waited {PATIENCE} s in vain for: {what}{under_the_pointer()}")
         time.sleep(0.05)
+
+
+def under_the_pointer():
+    """Where the pointer is, and the windows on the screen from the lowest up: who got a lost click."""
+    place = output_of("xdotool", "getmouselocation").decode().strip()
+    windows = output_of("xwininfo", "-root", "-tree").decode()
+    return f"\nThe pointer: {place}\n{windows}"
 
 
 def slowness():
