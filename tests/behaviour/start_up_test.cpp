@@ -94,6 +94,18 @@ TEST_CASE("the playlist is hidden once the main window shows, whatever showed it
     CHECK_FALSE(simulated::window(player.playlistWindow()).visible);
 }
 
+TEST_CASE("the work area is that of the moment behind the playlist's hiding") {
+    Player player;
+    world.watch = [&](const std::string& note) {
+        if (note == numbered("show", player.mainWindow())) player.frmPlaylist().window.Show();
+        if (note == numbered("hide", player.playlistWindow()))
+            world.desktop.workArea = {60, 30, 1000, 700};
+    };
+    player.start();
+    world.watch = nullptr;
+    CHECK(player.program().workArea == platform::Rect{60, 30, 1000, 700});
+}
+
 TEST_CASE("the windows are cut by these regions, in this order, the first one left unused") {
     Player player;
     player.start();

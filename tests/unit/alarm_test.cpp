@@ -101,6 +101,11 @@ TEST_CASE("a held label steps ever faster, and the minute has the fourth speed")
     CHECK(waits(alarms::minuteSteps, 16) == std::vector<std::uint32_t>{300, 300, 300, 150, 150, 150,
                                                                        75, 75, 75, 75, 75, 75, 32,
                                                                        32, 32, 32});
+    // Each label's last speed keeps its count of passes where it is.
+    CHECK(alarms::waitOf(7, alarms::hourSteps).pass == 6);
+    CHECK(alarms::waitOf(12, alarms::hourSteps).pass == 6);
+    CHECK(alarms::waitOf(12, alarms::minuteSteps).pass == 12);
+    CHECK(alarms::waitOf(13, alarms::minuteSteps).pass == 12);
     CHECK(waits(alarms::minuteSteps, 40000).back() == 32);
     CHECK(waits(alarms::hourSteps, 40000).back() == 75);
 }

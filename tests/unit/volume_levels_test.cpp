@@ -25,6 +25,20 @@ TEST_CASE("each place of the volume thumb has its level and its word") {
     CHECK(volume::safeWord(volume::wordOf(16384)) == 0x80008002U);
 }
 
+TEST_CASE("the volume thumb's share of its travel is kept within it, wherever the thumb stands") {
+    CHECK(volume::shareOf(2400) == 0);
+    CHECK(volume::shareOf(2550) == 0.25);
+    CHECK(volume::shareOf(3000) == 1);
+    for (const float left : {2399.0F, 2385.0F, 0.0F, -30.0F})
+        CHECK(volume::shareOf(left) == 0);
+    for (const float left : {3001.0F, 3015.0F, 9000.0F})
+        CHECK(volume::shareOf(left) == 1);
+    for (const double share : {0.0, 0.25, 0.5, 1.0})
+        CHECK(volume::shareOf(volume::leftOf(share)) == share);
+    CHECK(volume::leftOf(0.001) == 2401); // to the nearest twip
+    CHECK(volume::leftOf(0.0008) == 2400);
+}
+
 TEST_CASE("one pixel of travel is 810 levels, and both channels stay within two of each other") {
     for (int pixel = 0; pixel <= 40; ++pixel) {
         CAPTURE(pixel);
