@@ -31,6 +31,45 @@ TEST_CASE("the list opens and closes at the press already") {
     CHECK_FALSE(windows.isOpen());
 }
 
+TEST_CASE("the playlist key tells what the list will be before the list shows or hides") {
+    WindowPair windows({300, 300}, {300, 382});
+    const std::string list = "window " + std::to_string(windows.player.playlistWindow());
+    FrmPlayer& main = windows.player.frmPlayer();
+    int seen = 0;
+    world.watch = [&](const std::string& note) {
+        const bool shows = note == "show " + list;
+        if (!shows && note != "hide " + list) return;
+        ++seen;
+        CHECK(main.pctplaylistdown.Visible() == shows);
+        CHECK(main.pctplaylist.Visible() == !shows);
+    };
+    SUBCASE("by the key") { windows.closeByKey(); }
+    SUBCASE("by the list's cross") { windows.closeByQuit(); }
+    SUBCASE("by the list's minimise key") { windows.closeByMinimise(); }
+    windows.open();
+    world.watch = nullptr;
+    CHECK(seen == 2);
+}
+
+TEST_CASE("closed by the key or the cross, the list is undocked before it hides") {
+    for (const bool byKey : {true, false}) {
+        CAPTURE(byKey);
+        WindowPair windows({300, 300}, {300, 382});
+        const std::string hides = "hide window " + std::to_string(windows.player.playlistWindow());
+        windows.player.frmPlaylist().playlistdockY = true;
+        bool freeAtTheHiding = false;
+        world.watch = [&](const std::string& note) {
+            if (note == hides) freeAtTheHiding = windows.free();
+        };
+        if (byKey)
+            windows.closeByKey();
+        else
+            windows.closeByQuit();
+        world.watch = nullptr;
+        CHECK(freeAtTheHiding);
+    }
+}
+
 TEST_CASE("exact contact decides at each opening") {
     struct Row {
         Point list;
