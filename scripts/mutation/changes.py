@@ -28,7 +28,11 @@ STATEMENT = re.compile(
 DEAD = re.compile(r"= (?:delete|default);$")
 
 LEAVES = re.compile(r"(?:return|break|continue|throw)\b")  # nothing behind it runs
-ASSIGNMENT = re.compile(r"([\w.]+) = ([\w.]+);$")
+ASSIGNMENT = re.compile(r"([\w.]+) = ([^=\[\];]*);$", re.S)
+CALL = re.compile(r"([\w.:]*(?:<[^<>()]*>)?)\(")
+# Of these only the result counts. A bracket without a name groups.
+READS = re.compile(r"|static_cast<.*>|std::string|rounded|(?:runtime::)?fileTitleOf|skinPicture|"
+                   r"[\w.]+\.(?:data|c_str|value|empty|size)")
 HANDLER = re.compile(r"([\w.]+) = \[[^\]=]*\]")  # connects an event, which runs nothing yet
 # What a control shows is painted when the handler is done. Texts are blanks here.
 SHOWING = re.compile(r"([\w.()]+)\.(?:Visible|Caption)\((?:true|false| *)\);$")
@@ -103,8 +107,14 @@ def independent(first, second):
         one, other = pattern.match(first), pattern.match(second)
         if one and other:
             return one[1] != other[1]
-    one, other = ASSIGNMENT.match(first), ASSIGNMENT.match(second)
-    return bool(one and other) and one[1] != other[1] and one[1] != other[2] and one[2] != other[1]
+    return assigns(first, second) and assigns(second, first)
+
+
+def assigns(first, second):
+    """Whether the first sets something that the second doesn't name, and does nothing else."""
+    one = ASSIGNMENT.match(first)
+    return (one is not None and all(READS.fullmatch(call) for call in CALL.findall(one[2]))
+            and one[1].split(".")[-1] not in re.findall(r"\w+", second))
 
 
 class File:

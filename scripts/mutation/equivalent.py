@@ -1,6 +1,7 @@
 """The changes that make no difference that anybody could see, each with its reason.
 
-One a paragraph: the file, what stands there, what stands there instead, and why that is the same.
+They stand in equivalents/, in a file for each folder of the sources. One a paragraph: the file, what
+stands there, what stands there instead, and why that is the same.
 
     playback/tick.cpp
     - the line or lines as they are
@@ -10,7 +11,7 @@ One a paragraph: the file, what stands there, what stands there instead, and why
 
 import pathlib
 
-FILE = pathlib.Path(__file__).with_name("equivalent")
+FOLDER = pathlib.Path(__file__).with_name("equivalents")
 
 
 def squeezed(text):
@@ -24,17 +25,22 @@ class Known:
     def holds(self, change):
         return (change.path, change.before, change.after) in self.entries
 
+    def stale(self, paths, every):
+        """The entries of these files that are of none of these changes, all that can be made."""
+        made = {(change.path, change.before, change.after) for change in every}
+        return sorted(one for one in self.entries - made if one[0] in paths)
+
 
 def read():
-    entries = set()
-    for paragraph in FILE.read_text().split("\n\n"):
-        lines = [line for line in paragraph.splitlines() if not line.startswith("#")]
-        if not lines:
-            continue
-        before = squeezed(" ".join(line[1:] for line in lines if line.startswith("-")))
-        after = squeezed(" ".join(line[1:] for line in lines if line.startswith("+")))
-        reason = [line for line in lines[1:] if line[0] not in "-+"]
-        if not before or not reason:
-            raise SystemExit(f"{FILE}: an entry of {lines[0]} lacks its lines or its reason")
-        entries.add((lines[0].strip(), before, after))
-    return Known(entries)
+    return Known({entry(file, paragraph.splitlines()) for file in sorted(FOLDER.iterdir())
+                  for paragraph in file.read_text().strip().split("\n\n")})
+
+
+def entry(file, lines):
+    before = squeezed(" ".join(line[1:] for line in lines if line.startswith("-")))
+    after = squeezed(" ".join(line[1:] for line in lines if line.startswith("+")))
+    reason = [line for line in lines[1:] if line[0] not in "-+"]
+    if not lines[0].startswith(f"{file.name}/") or not before or not reason:
+        raise SystemExit(f"{file}: the entry of {lines[0]} lacks its lines or its reason, or "
+                         "belongs elsewhere")
+    return lines[0].strip(), before, after

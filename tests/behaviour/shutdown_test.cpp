@@ -62,6 +62,24 @@ TEST_CASE("the tray icon's object is there while the settings are written, and g
     CHECK(player.frmPlayer().gSysTray == nullptr);
 }
 
+TEST_CASE("the worker lists are there while the settings are written, and gone before the stop") {
+    Player player;
+    player.start();
+    const FrmPlayer& form = player.frmPlayer();
+    int looks = 0;
+    world.watch = [&](const std::string& note) {
+        const bool saves = note == "replace " + file;
+        if (!saves && note != "send Stop mpeg") return;
+        ++looks;
+        CHECK((form.gSysTray != nullptr) == saves);
+        CHECK((form.DirTemp != nullptr) == saves);
+        CHECK((form.ListDir != nullptr) == saves);
+    };
+    simulated::closeByUser(player.mainWindow());
+    world.watch = nullptr;
+    CHECK(looks == 2);
+}
+
 TEST_CASE("the quit key is up again before the program ends") {
     Player player;
     player.start();

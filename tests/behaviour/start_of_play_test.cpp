@@ -185,6 +185,24 @@ TEST_CASE("starting from a stop lifts a pause key that the stop left down") {
     CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
 }
 
+TEST_CASE("the pause keys come up once the track is open and before it plays") {
+    Player player;
+    player.start();
+    player.addTracks({"C:\\Music\\a.mp3"});
+    player.list().ListIndex(0);
+    player.frmPlayer().pctpausedown.Visible(true);
+    int looks = 0;
+    world.watch = [&](const std::string& note) {
+        const bool opens = note.starts_with("send open ");
+        if (!opens && !note.starts_with("send play ")) return;
+        ++looks;
+        CHECK(player.frmPlayer().pctpausedown.Visible() == opens);
+    };
+    player.frmPlayer().startfile();
+    world.watch = nullptr;
+    CHECK(looks == 2);
+}
+
 TEST_CASE("a start that plays nothing leaves the pause keys as they are") {
     Player player;
     player.start();

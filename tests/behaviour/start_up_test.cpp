@@ -94,6 +94,35 @@ TEST_CASE("the playlist is hidden once the main window shows, whatever showed it
     CHECK_FALSE(simulated::window(player.playlistWindow()).visible);
 }
 
+TEST_CASE("the worker lists and the tray menu are there before the icon is") {
+    Player player;
+    int looks = 0;
+    world.watch = [&](const std::string& note) {
+        if (note != "tray 0") return;
+        ++looks;
+        CHECK(player.frmPlayer().DirTemp != nullptr);
+        CHECK(player.frmPlayer().ListDir != nullptr);
+        CHECK_FALSE(world.tray.menu.empty());
+    };
+    player.start();
+    world.watch = nullptr;
+    CHECK(looks == 1);
+}
+
+TEST_CASE("the desktop may ask once both windows are cut, and not before") {
+    Player player;
+    int looks = 0;
+    world.watch = [&](const std::string& note) {
+        if (!note.starts_with("shape window")) return;
+        ++looks;
+        CHECK_FALSE(world.remote.events);
+    };
+    player.start();
+    world.watch = nullptr;
+    CHECK(looks == 2);
+    CHECK(world.remote.events);
+}
+
 TEST_CASE("the work area is that of the moment behind the playlist's hiding") {
     Player player;
     world.watch = [&](const std::string& note) {

@@ -1,6 +1,7 @@
 #include "tests/behaviour/three_tracks.h"
 
 #include <functional>
+#include <string>
 
 using behaviour::commandsSent;
 using behaviour::Player;
@@ -122,6 +123,27 @@ TEST_CASE("only a stop on the playlist window that fails lifts the pause keys") 
     CHECK(commandsSent() == Commands{"Stop mpeg"});
     CHECK(three.player.status() == "Paused");
     CHECK(pauseKeysAreUp(three.player));
+}
+
+TEST_CASE("every stop tells the device before it hides anything or empties the texts") {
+    const std::function<void(Player&)> stops[] = {[](Player& /*player*/) { stopFromTray(); },
+                                                  clickStop, clickPlaylistStop};
+    for (const auto& stop : stops) {
+        ThreeTracks three(0);
+        simulated::advance(10'000);
+        int told = 0;
+        world.watch = [&](const std::string& note) {
+            if (note != "send Stop mpeg") return;
+            ++told;
+            CHECK(three.form().lblTimenow.Visible());
+            CHECK(three.form().pctprogressbar.Visible());
+            CHECK(three.player.frmPlaylist().lblPlaying.Caption() == "Playing");
+            CHECK(three.player.frmPlaylist().lblTitle.Caption() == "10 / 200");
+        };
+        stop(three.player);
+        world.watch = nullptr;
+        CHECK(told == 1);
+    }
 }
 
 TEST_CASE("no stop touches the timer, the seek offset or the thumb's place") {

@@ -308,6 +308,8 @@ TEST_CASE("a length of nothing while playing is the fatal end") {
     const auto message = fatalMessageOf([] { tickAt(500); });
     REQUIRE(message);
     CHECK(*message == "Run-time error 11: Division by zero");
+    // The time stands there by then.
+    CHECK(player.frmPlayer().lblTimenow.Caption() == "-00:00");
 }
 
 TEST_CASE("a length and a position of nothing while playing are the fatal end") {

@@ -13,6 +13,7 @@ TOOL = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "mutation"
 sys.path.insert(0, str(TOOL))
 import baseline
 import changes
+import equivalent
 import workplace
 
 HOLDER = f"""
@@ -139,13 +140,35 @@ class Changes(unittest.TestCase):
     def test_an_order_that_nobody_could_see_is_no_change(self):
         for first, second in [("a.Click = [&p] { p.x(); };", "b.Click = [] { y(); };"),
                               ('p.list().a.Caption("x");', "b.Visible(false);"),
-                              ("a.place(w, {1, 2});", "b.setText(c);"), ("a = b;", "c = d;")]:
+                              ("a.place(w, {1, 2});", "b.setText(c);"), ("a = b;", "c = d;"),
+                              ('a.name = "x";', "a.parts = {&b, &c};"),
+                              ("a.file = f.data();", "a.most = static_cast<int>(2 * (n + 1));")]:
             text = f"void f() {{\n    {first}\n    {second}\n}}\n"
             self.assertNotIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
         for first, second in [("a.Visible(true);", "a.Visible(false);"), ("a = b;", "c = a;"),
-                              ("a.Visible(true);", "b.Left(0);"), ("w.add(a);", "w.add(b);")]:
+                              ("a.Visible(true);", "b.Left(0);"), ("w.add(a);", "w.add(b);"),
+                              ("a.x = f();", "b.y = 1;"), ("a.x = f(g.data());", "b.y = 1;"),
+                              ("a.x = 1;", "b.y = c.x;"), ("a.x = 1;", "b.x = 2;"),
+                              ("a = {1, 2};", "a.x = 3;"), ("a.x = b = 1;", "c = 2;")]:
             text = f"void f() {{\n    {first}\n    {second}\n}}\n"
             self.assertIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
+
+
+class Equivalents(unittest.TestCase):
+    def test_an_entry_of_a_change_that_is_made_no_more_is_told(self):
+        every = changes.of("app/a.cpp", "void f() {\n    g();\n}\n")
+        known = equivalent.Known({("app/a.cpp", "g();", ""), ("app/a.cpp", "h();", ""),
+                                  ("app/b.cpp", "g();", "")})
+        self.assertEqual(known.stale({"app/a.cpp"}, every), [("app/a.cpp", "h();", "")])
+
+    def test_an_entry_without_a_reason_or_in_another_folders_file_is_refused(self):
+        file = pathlib.Path("app")
+        self.assertEqual(equivalent.entry(file, ["app/a.cpp", "- a  b;", "+ c;", "Why."]),
+                         ("app/a.cpp", "a b;", "c;"))
+        for lines in [["app/a.cpp", "- a;", "+ b;"], ["app/a.cpp", "+ b;", "Why."],
+                      ["shell/a.cpp", "- a;", "+ b;", "Why."]]:
+            with self.assertRaises(SystemExit):
+                equivalent.entry(file, lines)
 
 
 if __name__ == "__main__":
