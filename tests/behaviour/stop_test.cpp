@@ -125,6 +125,25 @@ TEST_CASE("only a stop on the playlist window that fails lifts the pause keys") 
     CHECK(pauseKeysAreUp(three.player));
 }
 
+TEST_CASE("the stop key is seen at rest before the pause key is lifted") {
+    ThreeTracks three(0);
+    clickPause(three.player);
+    REQUIRE(three.player.status() == "Paused");
+    three.player.press(three.form().pctstop);
+    const std::string paints = "paint window " + std::to_string(three.player.mainWindow());
+    bool seen = false;
+    world.watch = [&](const std::string& note) {
+        if (seen || note != paints) return;
+        seen = true;
+        CHECK_FALSE(three.form().pctstopdown.Visible());
+        CHECK(three.form().pctpausedown.Visible());
+    };
+    simulated::release();
+    world.watch = nullptr;
+    CHECK(seen);
+    CHECK_FALSE(three.form().pctpausedown.Visible());
+}
+
 TEST_CASE("every stop tells the device before it hides anything or empties the texts") {
     const std::function<void(Player&)> stops[] = {[](Player& /*player*/) { stopFromTray(); },
                                                   clickStop, clickPlaylistStop};

@@ -56,8 +56,8 @@ TEST_CASE("a word above half counts as two less than its unsigned value") {
     const std::pair<std::uint32_t, double> words[] = {
         {0x00000000U, 0},          {0x7FFFFFFFU, 2147483647}, {0x80000000U, 2147483646},
         {0x80008000U, 2147516414}, {0xFFFEFFFFU, 4294901757}, {0xFFFFFFFFU, 4294967293}};
-    for (const auto& [word, value] : words) {
-        CAPTURE(word);
-        CHECK(volume::percentOf(word) == value / 65537 / 2 / 32767 * 100);
+    for (const auto& row : words) {
+        CAPTURE(row.first);
+        CHECK(volume::percentOf(row.first) == row.second / 65537 / 2 / 32767 * 100);
     }
 }
