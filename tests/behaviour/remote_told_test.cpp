@@ -179,9 +179,13 @@ TEST_CASE("a jump that the desktop asks for goes there, thumb and texts with it"
     simulated::advance(2000);
     player.frmPlayer().showElapsed = true;
     commandsSent();
+    const float before = player.frmPlayer().pctprogressbar.Left();
     world.remote.seek(50'000);
-    const Commands sent = commandsSent();
-    CHECK(std::count(sent.begin(), sent.end(), "seek mpeg to 50000") == 1);
+    CHECK(commandsSent() == Commands{"set mpeg time format frames", "status mpeg length",
+                                     "seek mpeg to 50000", "Play mpeg",
+                                     "set mpeg time format frames", "status mpeg length"});
+    CHECK(player.frmPlayer().seekOffset ==
+          runtime::Fixed(static_cast<double>(240 + 3220 / 4 - before)));
     CHECK(player.frmPlayer().pctprogressbar.Left() == 240 + 3220 / 4);
     CHECK(player.frmPlayer().pctprogressbardown.Left() == 240 + 3220 / 4);
     CHECK(player.frmPlayer().lblTimenow.Caption() == "00:50");

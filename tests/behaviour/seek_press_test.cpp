@@ -16,3 +16,21 @@ TEST_CASE("the pointer's place at a press of the seek thumb is that before the l
     CHECK(player.program().dragCursorStart.x == world.desktop.cursor.x - 50);
     simulated::release();
 }
+
+TEST_CASE("a released seek thumb starts the tick again once the device has been sent there") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    simulated::advance(5000);
+    FrmPlayer& form = player.frmPlayer();
+    player.press(form.pctprogressbar);
+    bool sent = false;
+    world.watch = [&](const std::string& note) {
+        if (!note.starts_with("send seek ")) return;
+        sent = true;
+        CHECK_FALSE(form.Timer1.Enabled());
+    };
+    simulated::release();
+    world.watch = nullptr;
+    CHECK(sent);
+    CHECK(form.Timer1.Enabled());
+}
