@@ -31,7 +31,7 @@ LEAVES = re.compile(r"(?:return|break|continue|throw)\b")  # nothing behind it r
 ASSIGNMENT = re.compile(r"([\w.]+) = ([^=\[\];]*);$", re.S)
 CALL = re.compile(r"([\w.:]*(?:<[^<>()]*>)?)\(")
 # Of these only the result counts. A bracket without a name groups.
-READS = re.compile(r"|static_cast<.*>|std::string|rounded|(?:runtime::)?fileTitleOf|skinPicture|"
+READS = re.compile(r"|static_cast<.*>|std::string|std::move|rounded|(?:runtime::)?fileTitleOf|skinPicture|"
                    r"[\w.]+\.(?:data|c_str|value|empty|size)")
 HANDLER = re.compile(r"([\w.]+) = \[[^\]=]*\]")  # connects an event, which runs nothing yet
 # What a control shows is painted when the handler is done. Texts are blanks here.
@@ -113,8 +113,11 @@ def independent(first, second):
 def assigns(first, second):
     """Whether the first sets something that the second doesn't name, and does nothing else."""
     one = ASSIGNMENT.match(first)
-    return (one is not None and all(READS.fullmatch(call) for call in CALL.findall(one[2]))
-            and one[1].split(".")[-1] not in re.findall(r"\w+", second))
+    if one is None or not all(READS.fullmatch(call) for call in CALL.findall(one[2])):
+        return False
+    emptied = re.findall(r"std::move\(([^()]*)\)", one[2])
+    touched = {name.split(".")[-1] for name in (one[1], *emptied)}
+    return touched.isdisjoint(re.findall(r"\w+", second))
 
 
 class File:

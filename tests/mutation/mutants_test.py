@@ -142,6 +142,7 @@ class Changes(unittest.TestCase):
                               ('p.list().a.Caption("x");', "b.Visible(false);"),
                               ("a.place(w, {1, 2});", "b.setText(c);"), ("a = b;", "c = d;"),
                               ('a.name = "x";', "a.parts = {&b, &c};"),
+                              ("a = std::move(b);", "c = std::move(d.e);"),
                               ("a.file = f.data();", "a.most = static_cast<int>(2 * (n + 1));")]:
             text = f"void f() {{\n    {first}\n    {second}\n}}\n"
             self.assertNotIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
@@ -149,7 +150,8 @@ class Changes(unittest.TestCase):
                               ("a.Visible(true);", "b.Left(0);"), ("w.add(a);", "w.add(b);"),
                               ("a.x = f();", "b.y = 1;"), ("a.x = f(g.data());", "b.y = 1;"),
                               ("a.x = 1;", "b.y = c.x;"), ("a.x = 1;", "b.x = 2;"),
-                              ("a = {1, 2};", "a.x = 3;"), ("a.x = b = 1;", "c = 2;")]:
+                              ("a = std::move(b);", "c = b;"), ("a = {1, 2};", "a.x = 3;"),
+                              ("a.x = b = 1;", "c = 2;")]:
             text = f"void f() {{\n    {first}\n    {second}\n}}\n"
             self.assertIn("swapped", [change.kind for change in changes.of("a.cpp", text)])
 
