@@ -76,6 +76,16 @@ TEST_CASE("the system's dialog gets the properties in a record of 76 bytes") {
     CHECK(opened.defaultExtension == "mp3");
 }
 
+TEST_CASE("an owner that is given reaches the system's dialog") {
+    Player player;
+    player.start();
+    COpenFileDialog dialog;
+    dialog.hWndParent(player.mainWindow());
+    dialog.ShowOpen();
+    REQUIRE(world.dialogs.opened.size() == 1);
+    CHECK(world.dialogs.opened.front().owner == player.mainWindow());
+}
+
 TEST_CASE("a default extension that isn't set reaches the system as an empty text") {
     simulated::reset();
     COpenFileDialog().ShowOpen();
