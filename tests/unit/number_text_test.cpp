@@ -144,12 +144,16 @@ TEST_CASE("a number too large for a real raises error 6") {
         CHECK(errorOf([&] { return numberOf(text, '.'); }) == runtime::Overflow);
     }
     CHECK(errorOf([] { return numberOf(std::string(400, '9'), '.'); }) == runtime::Overflow);
+    // Its digits outweigh its exponent.
+    const std::string digits(701, '7');
+    CHECK(errorOf([&] { return numberOf(digits + "e-300", '.'); }) == runtime::Overflow);
 }
 
 TEST_CASE("a number too small for a real reads as 0") {
     CHECK(numberOf("10.0e-400", '.') == 0.0);
     CHECK(numberOf("0." + std::string(400, '0') + "1", '.') == 0.0);
     CHECK(numberOf("-1e-999", '.') == 0.0);
+    CHECK(numberOf("0." + std::string(700, '0') + "1e300", '.') == 0.0);
 }
 
 TEST_CASE("a text reads as the number that it starts with") {
