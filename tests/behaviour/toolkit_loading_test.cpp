@@ -100,3 +100,39 @@ TEST_CASE("whatever is done to a form or a part of it first loads it, and is don
         CHECK(world.windows.all.size() == 1);
     }
 }
+
+TEST_CASE("what changes nothing and what only asks loads a form all the same") {
+    const std::function<void(Untouched&)> deeds[] = {
+        [](Untouched& u) { u.label.Caption(""); },
+        [](Untouched& u) { u.label.ForeColor(toolkit::Yellow); },
+        [](Untouched& u) { u.image.Left(150); },
+        [](Untouched& u) { u.image.Top(300); },
+        [](Untouched& u) { u.image.Visible(true); },
+        [](Untouched& u) { u.list.ListIndex(7); },
+        [](Untouched& u) { u.timer.Enabled(false); },
+        [](Untouched& u) { static_cast<void>(u.window.Left()); },
+        [](Untouched& u) { static_cast<void>(u.window.Top()); },
+        [](Untouched& u) { static_cast<void>(u.window.Width()); },
+        [](Untouched& u) { static_cast<void>(u.window.Height()); },
+        [](Untouched& u) { static_cast<void>(u.window.Visible()); },
+        [](Untouched& u) { static_cast<void>(u.window.hWnd()); },
+        [](Untouched& u) { static_cast<void>(u.window.Icon()); },
+        [](Untouched& u) { static_cast<void>(u.label.Caption()); },
+        [](Untouched& u) { static_cast<void>(u.label.ForeColor()); },
+        [](Untouched& u) { static_cast<void>(u.image.Left()); },
+        [](Untouched& u) { static_cast<void>(u.image.Width()); },
+        [](Untouched& u) { static_cast<void>(u.image.Visible()); },
+        [](Untouched& u) { static_cast<void>(u.list.ListCount()); },
+        [](Untouched& u) { static_cast<void>(u.list.ListIndex()); },
+        [](Untouched& u) { static_cast<void>(u.list.TopIndex()); },
+        [](Untouched& u) { static_cast<void>(u.list.List(7)); },
+        [](Untouched& u) { static_cast<void>(u.timer.Enabled()); },
+        [](Untouched& u) { static_cast<void>(u.timer.Interval()); },
+    };
+    for (const auto& deed : deeds) {
+        CAPTURE(&deed - deeds);
+        Untouched untouched;
+        deed(untouched);
+        CHECK(untouched.window.loaded());
+    }
+}
