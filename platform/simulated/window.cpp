@@ -191,7 +191,10 @@ void paintNow(WindowHandle window) {
     simulated::paintIfWanted(window);
 }
 
-void setTooltip(WindowHandle window, const std::string& text) { existing(window).tooltip = text; }
+void setTooltip(WindowHandle window, const std::string& text) {
+    existing(window).tooltip = text;
+    ++existing(window).tooltipsSet;
+}
 
 void createPushButton(WindowHandle window, const PushButton& button,
                       std::function<void()> clicked) {

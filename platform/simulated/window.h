@@ -38,6 +38,7 @@ struct Window {
     platform::RegionHandle region = 0;         ///< that it is cut to; 0 for none
     std::optional<platform::RegionRows> shape; ///< none: the whole client area
     std::string tooltip;
+    int tooltipsSet = 0; ///< how often it was set, to whatever text
     std::vector<Button> buttons;
     std::function<void(std::int32_t)> trayCode; ///< of hook windows
     WindowHandle parent = 0;                    ///< of hook windows

@@ -185,7 +185,7 @@ TEST_CASE("a jump that the desktop asks for goes there, thumb and texts with it"
                                      "seek mpeg to 50000", "Play mpeg",
                                      "set mpeg time format frames", "status mpeg length"});
     CHECK(player.frmPlayer().seekOffset ==
-          runtime::Fixed(static_cast<double>(240 + 3220 / 4 - before)));
+          runtime::Fixed(240.0 + 3220.0 / 4 - static_cast<double>(before)));
     CHECK(player.frmPlayer().pctprogressbar.Left() == 240 + 3220 / 4);
     CHECK(player.frmPlayer().pctprogressbardown.Left() == 240 + 3220 / 4);
     CHECK(player.frmPlayer().lblTimenow.Caption() == "00:50");

@@ -348,6 +348,18 @@ TEST_CASE("the tooltip is that of the topmost visible control that has one, duri
     CHECK(tooltip().empty());
 }
 
+TEST_CASE("a tooltip is set once, however far the pointer moves on its control") {
+    Scene scene;
+    const auto window = scene.show();
+    for (int x = onLabel.x; x < onLabel.x + 10; ++x)
+        moveTo(window, {x, onLabel.y});
+    CHECK(simulated::window(window).tooltip == "Label");
+    CHECK(simulated::window(window).tooltipsSet == 1);
+    moveTo(window, onBox);
+    moveTo(window, onBackground);
+    CHECK(simulated::window(window).tooltipsSet == 2);
+}
+
 TEST_CASE("a control above without a tooltip lets the one below show its own") {
     Scene scene;
     toolkit::Image above;

@@ -86,6 +86,7 @@ Bytes icon(const std::vector<std::int32_t>& widths, std::uint32_t bits = 32) {
 
 std::vector<std::int32_t> widthsOf(const std::vector<Picture>& pictures) {
     std::vector<std::int32_t> widths;
+    widths.reserve(pictures.size());
     for (const Picture& picture : pictures)
         widths.push_back(picture.width);
     return widths;
