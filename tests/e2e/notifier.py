@@ -46,7 +46,8 @@ class BusTray:
 
 
 @scenario("a tray on the message bus has the icon: two calls bring the hidden window back, one doesn't",
-          only="linux", because=ONLY_THERE)
+          only="linux", because=ONLY_THERE,
+          managed=True)
 def restores_from_the_bus(world):
     tray = BusTray(world)
     player, window = start_with(world)
@@ -62,7 +63,8 @@ def restores_from_the_bus(world):
 
 
 @scenario("the menu of an icon on the message bus opens at the pointer, and ends the player",
-          only="linux", because=ONLY_THERE)
+          only="linux", because=ONLY_THERE,
+          managed=True)
 def menu_from_the_bus(world):
     tray = BusTray(world)
     player, _ = start_with(world)

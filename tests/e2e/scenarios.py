@@ -2,8 +2,9 @@
 """The shipped program in a real window, heard and seen from outside.
 
 scenarios.py --list SYSTEM      the scenarios that drive the program of linux or windows, a line each
-scenarios.py --list SYSTEM managed   of these, those that run under several window managers
+scenarios.py --list SYSTEM MANAGER   of these, those that run under this window manager too
 scenarios.py --check-list FILE  whether a file tells of each scenario that one system leaves out
+scenarios.py --check-managers FILE   the same of those that a window manager can't have
 scenarios.py PROGRAM SENTENCE   runs one
 """
 

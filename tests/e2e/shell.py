@@ -7,16 +7,16 @@ import time
 from menus import (ABOUT, DIRECTORY, EXIT, FILE, MAXIMIZED, NEXT_ENTRY, OPEN_DIRECTORY, OPEN_FILE,
                    PLAY_ENTRY, STOP_ENTRY, Menu, numbers)
 from scenario import scenario
-from sessions import (NEXT, PLAY, QUIT, click, list_field, settings_line, start, tones_heard, xdotool)
+from sessions import (NEXT, OPEN_TITLE, PLAY, QUIT, click, face_at, list_field, settings_line, start,
+                      tones_heard, xdotool)
 from world import SETTINGS, Screenshot, check, output_of, wait_until
 
 OPEN, MINIMISE, PLAYLIST, STOP = (110, 55), (252, 8), (255, 55), (65, 55)
-OPEN_TITLE = "Open File - Orvan Music Player"
 ABOUT_TITLE = "About Orvan Music Player"
 ABOUT_SIZE = (297, 223)
 CLOSE = (148, 204)  # the about box's button
 
-BESIDE_THE_DIALOG = (700 * 15, 600 * 15)  # a place of the main window that no dialog covers, twips
+BESIDE_THE_DIALOG = (700, 600)  # a place of the main window that no dialog covers
 
 # The about box's viewport: left, top, right, bottom.
 VIEWPORT = (8, 56, 289, 185)
@@ -82,7 +82,8 @@ def start_with(world, paths=()):
     return start(world)
 
 
-@scenario("a name typed into the open dialog plays")
+@scenario("a name typed into the open dialog plays",
+          managed=True)
 def opens_a_file(world):
     tone = world.tone("my tone.mp3")
     ear = world.listen()
@@ -115,13 +116,14 @@ def opens_several_files(world):
     check(world.saved().split("*")[8] == folder, f"saved {world.saved()!r}, not {folder!r}")
 
 
-@scenario("the clock and the windows stay alive while the open dialog is up")
+@scenario("the clock and the windows stay alive while the open dialog is up",
+          managed=True)
 def alive_during_the_dialog(world):
     ear = world.listen()
     tones = [world.tone("one.mp3", seconds=120), world.tone("two.mp3", 660)]
-    world.save(settings_line(world, tones, *BESIDE_THE_DIALOG))
+    world.save(settings_line(world, tones, *(15 * side for side in BESIDE_THE_DIALOG)))
     player = world.start()
-    window = player.face()
+    window = face_at(player, BESIDE_THE_DIALOG)
     click(window, PLAY)
     ear.hears(0.5, player)
     dialog = open_dialog(player, window, FILE, OPEN_TITLE)
@@ -158,7 +160,8 @@ def opens_a_directory(world):
     check(saved_list(world) == list_field(world, expected), f"saved {world.saved()!r}")
 
 
-@scenario("Escape closes the open key's menu and both dialogs, and nothing is added")
+@scenario("Escape closes the open key's menu and both dialogs, and nothing is added",
+          managed=True)
 def escapes(world):
     player, window = start_with(world)
     before = numbers(player)
@@ -174,31 +177,44 @@ def escapes(world):
     check(saved_list(world) == "", f"saved {world.saved()!r}")
 
 
+TRAYER, BAR = '"panel"', '"i3bar for output'  # windows that take icons in
+
+
+def windows_in(tray):
+    """What the display tells of each window in a tray's, a line each; none if there is no tray."""
+    lines = output_of("xwininfo", "-root", "-tree").decode(errors="replace").splitlines()
+    depths = [len(line) - len(line.lstrip()) for line in lines]
+    first = next((number for number, line in enumerate(lines) if tray in line), None)
+    if first is None:
+        return None
+    last = next((number for number in range(first + 1, len(lines)) if depths[number] <= depths[first]),
+                len(lines))
+    return [line for line in lines[first + 1:last] if line.split()[-1].startswith("+")]
+
+
 class Tray:
-    """A tray with the player's icon in it."""
+    """A tray with the player's icon in it: the window manager's, or else trayer."""
 
     def __init__(self, world):
         self.clicked = 0.0
+        self.window = TRAYER if windows_in(BAR) is None else BAR
+        if self.window == BAR:
+            return
         process = subprocess.Popen(
             ["trayer", "--edge", "bottom", "--align", "right", "--widthtype", "pixel", "--width",
              "160", "--heighttype", "pixel", "--height", "30", "--expand", "false"],
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         world.stack.callback(world.end, process)
-        wait_until(lambda: b'"panel"' in output_of("xwininfo", "-root", "-tree"), "the tray")
+        wait_until(lambda: windows_in(TRAYER) is not None, "the tray")
 
     def icon(self, player):
         """The middle of the icon, once it is there."""
         def place():
-            lines = output_of("xwininfo", "-root", "-tree").decode(errors="replace").splitlines()
-            for panel, line in enumerate(lines):
-                if '"panel"' not in line:
-                    continue
-                for child in lines[panel + 1:panel + 4]:
-                    words = child.split()
-                    if words and words[-1].startswith("+") and "x" in words[-2]:
-                        width, height = (int(side) for side in words[-2].split("+")[0].split("x"))
-                        left, top = (int(corner) for corner in words[-1][1:].split("+"))
-                        return left + width // 2, top + height // 2
+            for icon in windows_in(self.window) or []:
+                size, corner = icon.split()[-2:]
+                width, height = (int(side) for side in size.split("+")[0].split("x"))
+                left, top = (int(side) for side in corner[1:].split("+"))
+                return left + width // 2, top + height // 2
             return None
         return wait_until(place, "the tray icon", player)
 
@@ -231,25 +247,24 @@ def restored_from_the_tray(world, tray):
     time.sleep(DOUBLE_CLICK)
     check(window.number not in numbers(player), "a single click brought the window back")
     tray.click(player, times=2)
-    again = player.face()
-    check((again.left, again.top) == (window.left, window.top),
-          f"the window is back at {again.left}, {again.top}")
-    return player, again
+    return player, face_at(player, (window.left, window.top))
 
 
-@scenario("a double click on the tray icon brings the hidden window back, a single one does not")
+@scenario("a double click on the tray icon brings the hidden window back, a single one does not",
+          managed=True)
 def restores_from_the_tray(world):
     tray = Tray(world)
     player, _ = restored_from_the_tray(world, tray)
     tray.quit_player(player)
 
 
-@scenario("a window that the tray icon brought back takes clicks where it stands")
+@scenario("a window that the tray icon brought back takes clicks where it stands", managed=True)
 def restored_window_takes_clicks(world):
     quit_player(*restored_from_the_tray(world, Tray(world)))
 
 
-@scenario("every entry of the tray menu does its work, and the last one ends the player")
+@scenario("every entry of the tray menu does its work, and the last one ends the player",
+          managed=True)
 def tray_menu(world):
     tray = Tray(world)
     ear = world.listen()
@@ -276,7 +291,8 @@ def tray_menu(world):
 
 
 @scenario("the tray menu opens at every right click, however fast they come",
-          only="linux", because="under Wine the keys don't reach the tray menu, to close it in a hurry")
+          only="linux", because="under Wine the keys don't reach the tray menu, to close it in a hurry",
+          managed=True)
 def tray_menu_in_a_hurry(world):
     tray = Tray(world)
     player, window = start_with(world)
@@ -325,7 +341,8 @@ def look(about):
     return next(iter(blue_rows(screen, about)), None), begun, ended
 
 
-@scenario("the about box's credits scroll up by 400 twips a second inside their viewport")
+@scenario("the about box's credits scroll up by 400 twips a second inside their viewport",
+          managed=True)
 def about_box(world):
     tray = Tray(world)
     player, window = start_with(world)
@@ -361,7 +378,8 @@ def about_box(world):
     tray.quit_player(player)
 
 
-@scenario("asked to end while the about box is open, the player saves and ends")
+@scenario("asked to end while the about box is open, the player saves and ends",
+          managed=True)
 def ended_in_the_about_box(world):
     tray = Tray(world)
     player, _ = start_with(world)

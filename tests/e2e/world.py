@@ -21,6 +21,7 @@ PATIENCE = 60
 SCREEN = (1024, 768)
 ROOT_COLOUR = (0x33, 0x66, 0x77)
 WINDOW = (276, 82)
+LARGEST_ICON = 64
 SETTINGS = "MyPlayerSettings.mps"
 
 
@@ -143,9 +144,10 @@ class Player:
             "the player's window", self)
 
     def dialog(self, title):
-        """A window with this title, once it is on the screen."""
+        """A window with this title, once it is on the screen. The tray's icon may have it too."""
         window = wait_until(
-            lambda: next((window for window in self.windows() if window.title() == title), None),
+            lambda: next((window for window in self.windows()
+                          if window.size[0] > LARGEST_ICON and window.title() == title), None),
             f"a window with the title '{title}'", self)
         window.frame = self.build.frame_of(window)
         return window
