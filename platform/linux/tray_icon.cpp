@@ -1,5 +1,6 @@
 #include "platform/linux/tray_icon.h"
 
+#include "platform/linux/awaited_click.h"
 #include "platform/linux/hook.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
@@ -36,13 +37,10 @@ TrayMenu& trayMenu() {
     return menu;
 }
 
-/// GNOME's host opens the menu at a click and reports a double click as one activation.
-bool isGnomesHost() {
+/// The program on the message bus that has this name; empty if none has.
+QString ownerOf(const QString& name) {
     const QDBusConnectionInterface* const bus = QDBusConnection::sessionBus().interface();
-    if (bus == nullptr) return false;
-    const QString owner = bus->serviceOwner(watcherName);
-    return !owner.isEmpty() &&
-           owner == bus->serviceOwner(QStringLiteral("org.gnome.Shell")).value();
+    return bus == nullptr ? QString() : bus->serviceOwner(name).value();
 }
 
 /// An icon that isn't shown by a host on the message bus is a window of this program.
@@ -51,6 +49,12 @@ bool isOwnWindow() {
     return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
         return window->inherits("QSystemTrayIconSys");
     });
+}
+
+/// What the click brings has begun by when the next events run.
+void answerClick(QObject& poster) {
+    if (beginAwaitedClick())
+        QMetaObject::invokeMethod(&poster, endAwaitedClick, Qt::QueuedConnection);
 }
 
 void fill(QMenu& menu, const std::vector<MenuItem>& items, QObject& poster) {
@@ -63,7 +67,8 @@ void fill(QMenu& menu, const std::vector<MenuItem>& items, QObject& poster) {
         // A handler may run for long, and the host waits for its answer.
         QObject::connect(
             menu.addAction(caption), &QAction::triggered, &poster,
-            [id = item.id] {
+            [id = item.id, &poster] {
+                answerClick(poster);
                 const auto picked = trayMenu().picked;
                 if (picked) picked(id);
             },
@@ -102,10 +107,16 @@ TrayIcon::TrayIcon(WindowHandle hook)
     : hook_(hook), clicks_(QApplication::doubleClickInterval()),
       release_([this] { post(TrayRightUp); }) {
     clock_.start();
+    expectClicks();
     fill(menu_, trayMenu().items, poster_);
     QObject::connect(&icon_, &QSystemTrayIcon::activated, &icon_,
-                     [this](QSystemTrayIcon::ActivationReason reason) { activated(reason); });
+                     [this](QSystemTrayIcon::ActivationReason reason) {
+                         activated(reason);
+                         answerClick(poster_);
+                     });
 }
+
+TrayIcon::~TrayIcon() { endAwaitedClick(); }
 
 void TrayIcon::show() {
     // Trays call the icon by it. The windows keep their class, which is this name as the first of
@@ -121,13 +132,24 @@ void TrayIcon::show() {
 }
 
 void TrayIcon::watchBus() {
-    onlyDoubleClicks_ = isGnomesHost();
+    host_ = ownerOf(watcherName);
+    // GNOME's host opens the menu at a click and reports a double click as one activation.
+    onlyDoubleClicks_ = !host_.isEmpty() && host_ == ownerOf(QStringLiteral("org.gnome.Shell"));
     hosts_.setConnection(QDBusConnection::sessionBus());
-    hosts_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    hosts_.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     hosts_.addWatchedService(watcherName);
-    // Qt would put the icon into the next tray; one that is lost stays lost.
-    QObject::connect(&hosts_, &QDBusServiceWatcher::serviceUnregistered, &icon_,
-                     [this] { icon_.hide(); });
+    if (!host_.isEmpty()) hosts_.addWatchedService(host_);
+    QObject::connect(&hosts_, &QDBusServiceWatcher::serviceOwnerChanged, &icon_,
+                     [this](const QString& name, const QString& /*before*/, const QString& now) {
+                         if (isLostWith(name, now)) icon_.hide();
+                     });
+}
+
+/// Qt would put the icon into the next tray; one that is lost stays lost. GNOME's shell takes its
+/// tray away while the screen is locked; the same one that is back has the icon as before.
+bool TrayIcon::isLostWith(const QString& name, const QString& owner) const {
+    if (name != watcherName || host_.isEmpty()) return owner.isEmpty();
+    return !owner.isEmpty() && owner != host_;
 }
 
 void TrayIcon::apply(const NOTIFYICONDATA& record) {

@@ -7,6 +7,7 @@
 #include <QDBusServiceWatcher>
 #include <QElapsedTimer>
 #include <QMenu>
+#include <QString>
 #include <QSystemTrayIcon>
 
 #include <cstdint>
@@ -35,6 +36,9 @@ class TrayIcon {
   public:
     /// The icon's mouse codes go to `hook`.
     explicit TrayIcon(WindowHandle hook);
+    ~TrayIcon();
+    TrayIcon(const TrayIcon&) = delete;
+    TrayIcon& operator=(const TrayIcon&) = delete;
 
     /// Takes over what a record tells of the icon.
     void apply(const NOTIFYICONDATA& record);
@@ -43,6 +47,7 @@ class TrayIcon {
 
   private:
     void watchBus();
+    [[nodiscard]] bool isLostWith(const QString& name, const QString& owner) const;
     void activated(QSystemTrayIcon::ActivationReason reason);
     void postClick(TrayActivation activation);
     void post(std::int32_t code);
@@ -55,6 +60,7 @@ class TrayIcon {
     QMenu menu_; ///< for a host that shows it itself; before the icon, which doesn't own it
     QSystemTrayIcon icon_;
     QDBusServiceWatcher hosts_;
+    QString host_;                  ///< the program on the message bus that shows the icon
     bool onlyDoubleClicks_ = false; ///< the host reports nothing else
     NewTrayIgnored newTrayIgnored_;
     QObject poster_; ///< its end takes back what is posted and not yet delivered

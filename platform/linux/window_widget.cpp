@@ -1,6 +1,7 @@
 #include "platform/linux/window_widget.h"
 
 #include "platform/device_pixels.h"
+#include "platform/linux/awaited_click.h"
 #include "platform/linux/input_barrier.h"
 #include "platform/linux/kept_in_front.h"
 #include "platform/linux/keys.h"
@@ -134,6 +135,7 @@ void WindowWidget::resizeTo(Size outer) {
 void WindowWidget::reveal() {
     if (!isVisible()) beginToShow();
     leaveIcon();
+    showAsAwaited(*this);
     show();
     raise();
     activateWindow();

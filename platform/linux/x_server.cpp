@@ -5,7 +5,9 @@
 #include <xcb/shape.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 namespace platform::x {
 
@@ -51,11 +53,31 @@ void setProperty(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
                         static_cast<std::uint32_t>(values.size()), values.data());
 }
 
-void setTitle(xcb_window_t window, const std::string& utf8) {
+void setText(xcb_window_t window, std::string_view name, const std::string& utf8) {
     constexpr std::uint8_t bits = 8;
-    xcb_change_property(server(), XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_NAME"),
-                        atom("UTF8_STRING"), bits, static_cast<std::uint32_t>(utf8.size()),
-                        utf8.data());
+    xcb_change_property(server(), XCB_PROP_MODE_REPLACE, window, atom(name), atom("UTF8_STRING"),
+                        bits, static_cast<std::uint32_t>(utf8.size()), utf8.data());
+}
+
+void setTitle(xcb_window_t window, const std::string& utf8) {
+    setText(window, "_NET_WM_NAME", utf8);
+}
+
+void tellStart(xcb_window_t window, const std::string& message) {
+    xcb_client_message_event_t event = {};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 8;
+    event.window = window;
+    event.type = atom("_NET_STARTUP_INFO_BEGIN");
+    // In pieces; a NUL is the end.
+    for (std::size_t sent = 0; sent <= message.size(); sent += sizeof event.data.data8) {
+        std::fill(std::begin(event.data.data8), std::end(event.data.data8), std::uint8_t{0});
+        message.copy(reinterpret_cast<char*>(event.data.data8), sizeof event.data.data8, sent);
+        xcb_send_event(server(), 0, root(), XCB_EVENT_MASK_PROPERTY_CHANGE,
+                       reinterpret_cast<const char*>(&event));
+        event.type = atom("_NET_STARTUP_INFO");
+    }
+    xcb_flush(server());
 }
 
 bool isShowingDesktop() {

@@ -36,8 +36,15 @@ std::string nameOf(xcb_atom_t atom);
 void setProperty(xcb_window_t window, xcb_atom_t name, xcb_atom_t type,
                  const std::vector<std::uint32_t>& values);
 
+/// Sets a window's property to a text.
+void setText(xcb_window_t window, std::string_view name, const std::string& utf8);
+
 /// Gives a window a title, as it stands.
 void setTitle(xcb_window_t window, const std::string& utf8);
+
+/// Tells all who wait for programs to start what there is to know of it. The window is any of the
+/// program's own.
+void tellStart(xcb_window_t window, const std::string& message);
 
 /// Whether the desktop shows itself alone, all windows cleared away. False without a server.
 bool isShowingDesktop();

@@ -9,7 +9,7 @@ from scenario import scenario
 from sessions import click, xdotool
 from shell import (DOUBLE_CLICK, MINIMISE, OPEN_TITLE, about_of, close_about, escape, open_playlist,
                    quit_player, start_with, wait_until_gone)
-from world import check
+from world import check, output_of, wait_until
 
 ONLY_THERE = "Windows has no such tray"
 
@@ -34,8 +34,14 @@ class BusTray:
         return int(self.process.stdout.readline())
 
     def title(self):
-        """What the icon calls itself."""
+        """What the icon calls itself; nothing without an icon."""
         self.process.stdin.write("Title\n")
+        line = self.process.stdout.readline().strip()
+        return self.process.stdout.readline().strip() if line == "icon" else line
+
+    def heard(self):
+        """What a program tells all who wait for one to start."""
+        self.process.stdin.write("Heard\n")
         return self.process.stdout.readline().strip()
 
     def call(self, *names):
@@ -109,6 +115,33 @@ def restores_by_one_call(world):
     quit_player(player, player.face())
 
 
+@scenario("a desktop that waits for what a click in its tray brings is told that it is there",
+          only="linux", because=ONLY_THERE)
+def answers_the_desktop(world):
+    tray = BusTray(world, "--gnome")
+    player, window = start_with(world)
+    tray.says("icon")
+
+    def check_answered(word, *calls):
+        tray.call("Give " + word, *calls)
+        escaped = word.replace(" ", "\\ ")
+        wait_until(lambda: tray.heard() == f"remove: ID={escaped}", f"the answer to {word}", player)
+
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the window to hide")
+    check_answered("shell/Orvan Music Player/59-0_TIME100", "Activate")
+    again = player.face()
+    told = output_of("xprop", "-id", again.number, "-notype", "_NET_STARTUP_ID").decode()
+    check('"shell/Orvan Music Player/59-0_TIME100"' in told, f"the window came by {told}")
+    check_answered("about_TIME101", "Pick About")
+    close_about(player, about_of(player))
+    # A dialog doesn't keep the desktop waiting.
+    check_answered("file_TIME102", "Pick Open File")
+    escape(player, player.dialog(OPEN_TITLE))
+    check_answered("exit_TIME103", "Pick Exit")
+    check(player.status() == 0, f"the player ended with {player.status()}: {player.words()}")
+
+
 @scenario("an icon whose tray on the message bus has ended doesn't come back with the next one",
           only="linux", because=ONLY_THERE)
 def restarted_bus_tray(world):
@@ -122,3 +155,28 @@ def restarted_bus_tray(world):
     time.sleep(1.0)  # for the icon to come
     check(again.icons() == 0, "the icon is back")
     quit_player(player, window)
+
+
+@scenario("an icon is there again once its desktop has its tray back, as after a locked screen",
+          only="linux", because=ONLY_THERE)
+def tray_behind_a_locked_screen(world):
+    tray = BusTray(world, "--gnome")
+    player, window = start_with(world)
+    tray.says("icon")
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the window to hide")
+    for _ in range(2):
+        tray.call("Close", "Open")
+        tray.says("icon")
+    tray.call("Activate")
+    again = player.face()
+    # Another desktop's tray has none, nor has this one from then on.
+    tray.call("Close")
+    other = BusTray(world)
+    wait_until(lambda: other.title() == "", "the icon to go", player)
+    world.end(other.process)
+    tray.call("Open")
+    open_playlist(player, again)
+    time.sleep(1.0)  # for the icon to come
+    check(tray.icons() == 3, "the icon is back")
+    quit_player(player, again)

@@ -2,8 +2,13 @@
 /// says "ready" once it is there and "icon" for each icon that comes, and passes on to the latest
 /// icon what it reads, a line each, and says "done" after each: "Activate" for a click,
 /// "ContextMenu" for a right one, "Pick" and a caption for an entry of the menu that the icon gives
-/// away. "Icons" has it say how many have come instead, "Title" what the icon calls itself. Called
-/// with "--gnome" it has the name of GNOME's shell too.
+/// away. "Icons" has it say how many have come instead, "Title" what the icon calls itself. "Close"
+/// takes the tray away while the program goes on, "Open" brings it back. "Give" and a word gives
+/// the icon the word by which the desktop waits for what comes of a click, "Heard" has the host say
+/// what a program has told all who wait. Called with "--gnome" it has the name of GNOME's shell
+/// too.
+
+#include "tests/e2e/tray_host/start_words.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -69,20 +74,36 @@ class Watcher : public QDBusVirtualObject {
         return false;
     }
 
-    void pass(const std::string& call) const {
+    void pass(const std::string& call) {
         const std::string pick = "Pick ";
+        const std::string give = "Give ";
         if (call == "Title") return say(property(QStringLiteral("Title")).toString().toStdString());
         if (call == "Icons") return say(std::to_string(icons_));
+        if (call == "Heard") return say(startWords_.next());
+        if (call.starts_with(give))
+            return send(QStringLiteral("ProvideXdgActivationToken"),
+                        {QString::fromStdString(call.substr(give.size()))});
+        if (call == "Close" || call == "Open") return setOpen(call == "Open");
         if (call.starts_with(pick)) return choose(QString::fromStdString(call.substr(pick.size())));
-        QDBusMessage message =
-            QDBusMessage::createMethodCall(icon_, QStringLiteral("/StatusNotifierItem"),
-                                           itemInterface, QString::fromStdString(call));
-        message << 0 << 0;
+        send(QString::fromStdString(call), {0, 0});
+    }
+
+  private:
+    void send(const QString& call, const QVariantList& arguments) const {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            icon_, QStringLiteral("/StatusNotifierItem"), itemInterface, call);
+        message.setArguments(arguments);
         QDBusConnection::sessionBus().call(message);
         say("done");
     }
 
-  private:
+    static void setOpen(bool open) {
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        const bool done =
+            open ? bus.registerService(watcherName) : bus.unregisterService(watcherName);
+        say(done ? "done" : "refused");
+    }
+
     [[nodiscard]] QVariant property(const QString& name) const {
         QDBusMessage ask = QDBusMessage::createMethodCall(
             icon_, QStringLiteral("/StatusNotifierItem"),
@@ -112,6 +133,7 @@ class Watcher : public QDBusVirtualObject {
 
     QString icon_;
     int icons_ = 0;
+    StartWords startWords_;
 };
 
 } // namespace
