@@ -18,6 +18,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QTimerEvent>
 #include <QWheelEvent>
 #include <QWindow>
 
@@ -31,6 +32,8 @@
 
 namespace platform {
 namespace {
+
+constexpr int settlingTime = 1000; // ms, in which a window manager has answered
 
 std::int64_t milliseconds() {
     static const QElapsedTimer clock = [] {
@@ -66,6 +69,9 @@ Point pixelAt(QPointF place) {
     return {static_cast<std::int32_t>(std::floor(place.x())),
             static_cast<std::int32_t>(std::floor(place.y()))};
 }
+
+/// Whether two places are the same but for what a fraction of the display's scale makes of them.
+bool isRounded(Point a, Point b) { return std::abs(a.x - b.x) <= 1 && std::abs(a.y - b.y) <= 1; }
 
 bool isOnAScreen(const QRect& window) {
     const auto screens = QGuiApplication::screens();
@@ -118,6 +124,7 @@ void WindowWidget::place(Point place, Size outer) {
     }
     place_ = place;
     if (isVisible()) exposuresUntilPlaced_ = 0;
+    settling_.stop();
     ownMoves_.note(place_, milliseconds());
     move(place_.x, place_.y);
     fitShape();
@@ -155,6 +162,7 @@ void WindowWidget::beginToShow() {
     windowHandle()->installEventFilter(this);
     watchScreen();
     exposuresUntilPlaced_ = 2;
+    settling_.stop();
     ownMoves_.forget();
     ownMoves_.note(place_, milliseconds());
 }
@@ -295,7 +303,28 @@ bool WindowWidget::standsAgain(Point placed) {
     ownMoves_.note(placed, milliseconds()); // it may be told more than once
     ownMoves_.note(place_, milliseconds());
     move(place_.x, place_.y);
+    settling_.start(settlingTime, this);
     return true;
+}
+
+/// One that refuses the place leaves the window where it stood, and needn't say so.
+void WindowWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() != settling_.timerId()) return QWidget::timerEvent(event);
+    settling_.stop();
+    const Point now = truePlace();
+    if (!isVisible() || isRounded(now, place_)) return;
+    ownMoves_.forget(); // what was asked for, should it come after all, is news
+    take(now);
+}
+
+/// Where the display has the window, whatever Qt was told; Qt's word for one with a frame.
+Point WindowWidget::truePlace() const {
+    if (frame_ != Frame::None || !x::isThere()) return {pos().x(), pos().y()};
+    const Point place = x::placeOf(static_cast<xcb_window_t>(internalWinId()));
+    // A screen's corner is the same in the display's pixels and in the player's.
+    const QPoint corner = screen()->geometry().topLeft();
+    const double scale = devicePixelRatioF();
+    return pixelAt(corner + (QPointF(place.x, place.y) - corner) / scale);
 }
 
 void WindowWidget::take(Point place) {
@@ -308,8 +337,7 @@ void WindowWidget::take(Point place) {
 void WindowWidget::takeTruePlace(const QMouseEvent& event) {
     const QPoint corner = (event.globalPosition() - event.position()).toPoint();
     const Point now{corner.x(), corner.y()};
-    const bool rounded = std::abs(now.x - place_.x) <= 1 && std::abs(now.y - place_.y) <= 1;
-    if (!rounded && !ownMoves_.isEcho(now, milliseconds())) take(now);
+    if (!isRounded(now, place_) && !ownMoves_.isEcho(now, milliseconds())) take(now);
 }
 
 void WindowWidget::closeEvent(QCloseEvent* event) {

@@ -6,6 +6,7 @@
 #include "platform/region_shape.h"
 #include "platform/window.h"
 
+#include <QBasicTimer>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -61,6 +62,7 @@ class WindowWidget : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -77,6 +79,7 @@ class WindowWidget : public QWidget {
                      bool secondPress = false);
     void tell(const PointerEvent& event);
     void tellMoved();
+    [[nodiscard]] Point truePlace() const;
     void take(Point place);
     void takeTruePlace(const QMouseEvent& event);
     bool standsAgain(Point placed);
@@ -97,6 +100,7 @@ class WindowWidget : public QWidget {
     RegionRows cutTo_; ///< the shape on the display as it was last cut by this class
     OwnMoves ownMoves_;
     int exposuresUntilPlaced_ = 0; ///< 0 once the window manager has placed what it shows
+    QBasicTimer settling_; ///< runs until the window manager must have said where the window stands
     bool besideMain_ = false;
     Tooltip tooltip_;
     int wheelRemainder_ = 0;

@@ -121,6 +121,13 @@ void leaveIcon(xcb_window_t window) {
     xcb_flush(server());
 }
 
+Point placeOf(xcb_window_t window) {
+    const auto request = xcb_translate_coordinates(server(), window, root(), 0, 0);
+    const Reply<xcb_translate_coordinates_reply_t> reply(
+        xcb_translate_coordinates_reply(server(), request, nullptr));
+    return reply == nullptr ? Point{} : Point{reply->dst_x, reply->dst_y};
+}
+
 void awaitServer() {
     const Reply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(server(), xcb_get_input_focus(server()), nullptr));

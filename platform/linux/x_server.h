@@ -62,6 +62,9 @@ void resizeWindow(xcb_window_t window, Size size);
 /// Shows a window of which the window manager has made an icon.
 void leaveIcon(xcb_window_t window);
 
+/// Where a window's top left corner is, in the display's own pixels.
+Point placeOf(xcb_window_t window);
+
 /// Waits until the server has done what it was asked so far.
 void awaitServer();
 
