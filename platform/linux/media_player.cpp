@@ -1,5 +1,6 @@
 #include "platform/linux/media_player.h"
 
+#include "platform/linux/bus_names.h"
 #include "platform/linux/media_player_properties.h"
 
 #include <QDBusPendingCall>
@@ -180,8 +181,13 @@ QDBusMessage MediaPlayer::answerTo(const QDBusMessage& message) {
     return {};
 }
 
-QVariantMap MediaPlayer::propertiesOf(const QString& interface) const {
-    if (interface == rootInterface) return mpris::rootProperties();
+QVariantMap MediaPlayer::propertiesOf(const QString& interface, const QString& asker) const {
+    if (interface == rootInterface) {
+        QVariantMap all = mpris::rootProperties();
+        // It would start a second player by it rather than have a hidden one come forward.
+        if (asker == gnomesShell()) all.remove(QStringLiteral("DesktopEntry"));
+        return all;
+    }
     if (interface == playerInterface) return mpris::playerProperties(state_);
     return {};
 }
@@ -195,8 +201,9 @@ QDBusMessage MediaPlayer::get(const QDBusMessage& message) const {
     if (message.signature() != QLatin1String("ss")) return wrongArguments(message);
     const QString interface = message.arguments()[0].toString();
     const QString name = message.arguments()[1].toString();
-    const QVariant value =
-        isPosition(interface, name) ? position() : propertiesOf(interface).value(name);
+    const QVariant value = isPosition(interface, name)
+                               ? position()
+                               : propertiesOf(interface, message.service()).value(name);
     if (!value.isValid()) return unknownProperty(message);
     return message.createReply(QVariant::fromValue(QDBusVariant(value)));
 }
@@ -204,7 +211,7 @@ QDBusMessage MediaPlayer::get(const QDBusMessage& message) const {
 QDBusMessage MediaPlayer::getAll(const QDBusMessage& message) const {
     if (message.signature() != QLatin1String("s")) return wrongArguments(message);
     const QString interface = message.arguments()[0].toString();
-    QVariantMap all = propertiesOf(interface);
+    QVariantMap all = propertiesOf(interface, message.service());
     if (interface == playerInterface) all.insert(positionName, position());
     return message.createReply(all);
 }
@@ -213,7 +220,7 @@ QDBusMessage MediaPlayer::set(const QDBusMessage& message) {
     if (message.signature() != QLatin1String("ssv")) return wrongArguments(message);
     const QString interface = message.arguments()[0].toString();
     const QString name = message.arguments()[1].toString();
-    if (!isPosition(interface, name) && !propertiesOf(interface).contains(name))
+    if (!isPosition(interface, name) && !propertiesOf(interface, message.service()).contains(name))
         return unknownProperty(message);
     // The rate may be set, to the only one that there is.
     if (name == QLatin1String("Rate")) return message.createReply();

@@ -36,7 +36,7 @@ class MediaPlayer : public QDBusVirtualObject {
     [[nodiscard]] Answer set(const QDBusMessage& message);
     [[nodiscard]] Answer seek(const QDBusMessage& message);
     [[nodiscard]] Answer setPosition(const QDBusMessage& message);
-    [[nodiscard]] QVariantMap propertiesOf(const QString& interface) const;
+    [[nodiscard]] QVariantMap propertiesOf(const QString& interface, const QString& asker) const;
     [[nodiscard]] QVariant position() const;
     void sendSignal(const QString& interface, const QString& name,
                     const QVariantList& arguments) const;

@@ -1,6 +1,7 @@
 #include "platform/linux/tray_icon.h"
 
 #include "platform/linux/awaited_click.h"
+#include "platform/linux/bus_names.h"
 #include "platform/linux/hook.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
@@ -8,8 +9,6 @@
 
 #include <QApplication>
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusReply>
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -35,12 +34,6 @@ struct TrayMenu {
 TrayMenu& trayMenu() {
     static TrayMenu menu;
     return menu;
-}
-
-/// The program on the message bus that has this name; empty if none has.
-QString ownerOf(const QString& name) {
-    const QDBusConnectionInterface* const bus = QDBusConnection::sessionBus().interface();
-    return bus == nullptr ? QString() : bus->serviceOwner(name).value();
 }
 
 /// An icon that isn't shown by a host on the message bus is a window of this program.
@@ -134,7 +127,7 @@ void TrayIcon::show() {
 void TrayIcon::watchBus() {
     host_ = ownerOf(watcherName);
     // GNOME's host opens the menu at a click and reports a double click as one activation.
-    onlyDoubleClicks_ = !host_.isEmpty() && host_ == ownerOf(QStringLiteral("org.gnome.Shell"));
+    onlyDoubleClicks_ = !host_.isEmpty() && host_ == gnomesShell();
     hosts_.setConnection(QDBusConnection::sessionBus());
     hosts_.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     hosts_.addWatchedService(watcherName);

@@ -63,6 +63,9 @@ class Asker {
         return qdbus_cast<QVariantMap>(get(playerInterface, QStringLiteral("Metadata")));
     }
 
+    /// Takes a name on the bus.
+    bool becomes(const QString& name) { return bus_.registerService(name); }
+
     /// The name of the error by which a call is refused; empty where it isn't.
     QString refusal(const QString& interface, const QString& name,
                     const QVariantList& arguments = {}) {
@@ -106,6 +109,22 @@ RemoteState playing(const std::string& title) {
 }
 
 } // namespace
+
+TEST_CASE("GNOME's shell, which would start a second player, is told of no desktop entry") {
+    const Offered player;
+    const QString entry = QStringLiteral("DesktopEntry");
+    Asker asker;
+    CHECK(asker.get(rootInterface, entry) == QStringLiteral("orvan"));
+    REQUIRE(asker.becomes(QStringLiteral("org.gnome.Shell")));
+    CHECK(asker.refusal(propertiesInterface, QStringLiteral("Get"), {rootInterface, entry}) ==
+          QStringLiteral("org.freedesktop.DBus.Error.UnknownProperty"));
+    const QDBusMessage answer =
+        asker.call(propertiesInterface, QStringLiteral("GetAll"), {rootInterface});
+    REQUIRE(answer.type() == QDBusMessage::ReplyMessage);
+    const auto all = qdbus_cast<QVariantMap>(answer.arguments()[0]);
+    CHECK(all.contains(QStringLiteral("CanRaise")));
+    CHECK_FALSE(all.contains(entry));
+}
 
 TEST_CASE("the desktop reads what the player has told, the last of it") {
     const Offered player;
