@@ -1,6 +1,7 @@
 #include "app/frmPlayer.h"
 #include "app/frmPlaylist.h"
 #include "app/settings_file.h"
+#include "app/start_file.h"
 #include "mainwindow/alarm.h"
 #include "playback/track_list.h"
 #include "runtime/text.h"
@@ -12,16 +13,8 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace {
-
-/// Whether a command-line tail names an MP3, judged by its last three characters, case aside.
-bool endsInMp3(std::string_view tail) {
-    constexpr std::string_view wanted = "mp3";
-    return tail.size() >= wanted.size() &&
-           runtime::equalIgnoringCase(tail.substr(tail.size() - wanted.size()), wanted);
-}
 
 void showTrayIcon(FrmPlayer& player) {
     clsSysTray& tray = *player.gSysTray;
@@ -35,9 +28,9 @@ void showTrayIcon(FrmPlayer& player) {
 }
 
 void takeCommandLine(FrmPlayer& player) {
-    const std::string tail = toolkit::App::Command();
-    if (!endsInMp3(tail)) return;
-    addTrack(player, tail, runtime::fileTitleOf(tail));
+    const std::string file = startFile();
+    if (file.empty()) return;
+    addTrack(player, file, runtime::fileTitleOf(file));
     player.playlist().List1.ListIndex(player.trackCount - 1);
     player.startfile();
 }

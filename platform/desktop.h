@@ -10,7 +10,7 @@
 namespace platform {
 
 /// Connects to the window system. False, with the reason on standard error, when there is none.
-/// Called once, before anything else of the seam.
+/// Called once, before anything else of the seam but `commandLineTail` and `expectFile`.
 bool start(int argumentCount, char** arguments);
 
 /// True when another copy of the program runs for this user on this display.

@@ -3,6 +3,7 @@
 #include "platform/types.h"
 
 #include <cstdint>
+#include <string>
 
 namespace platform {
 
@@ -38,6 +39,11 @@ namespace platform {
 ///     269  not a whole number                            280  out of memory
 ///     270  the command is longer than 255 characters     282  a position outside 0 to the length
 ///     289  a file is open already                        290  the file took too long to open
+
+/// Tells by its path which file will be opened next, to be played from 1 on. The device may begin
+/// to read it; nothing else comes of it, and nobody waits. Interface thread; may come before
+/// `start`.
+void expectFile(const std::string& path);
 
 /// Sends one command. Interface thread only.
 /// `command` ends in a nul; words in any case, blanks folded, trailing blanks ignored.

@@ -76,20 +76,34 @@ MediaError Device::open(const MediaCommand& command) {
     return MediaError::None;
 }
 
-/// A file that took too long is waited for once more, unless another was asked for since.
+std::shared_ptr<Track> Device::beginTrack(const std::string& hostPath, Track::Ahead ahead) {
+    return Track::begin(
+        hostPath, [&output = output_] { output.deliver(); }, ahead);
+}
+
+void Device::expect(const std::string& hostPath) {
+    if (begun_) begun_->release();
+    try {
+        begun_ = beginTrack(hostPath, Track::Ahead::Playing);
+    } catch (const std::bad_alloc&) {
+        // The command that opens it will tell.
+    }
+}
+
+/// A file whose opening has been begun is waited for, unless another was asked for since.
 MediaError Device::openTrack(const std::string& hostPath, std::shared_ptr<Track>& opened) {
-    std::shared_ptr<Track> track = std::exchange(late_, nullptr);
+    std::shared_ptr<Track> track = std::exchange(begun_, nullptr);
     if (track && track->hostPath() != hostPath) {
         track->release();
         track.reset();
     }
-    if (!track) track = Track::begin(hostPath, [&output = output_] { output.deliver(); });
+    if (!track) track = beginTrack(hostPath, Track::Ahead::Nothing);
     if (!track) return MediaError::OutOfMemory;
     const MediaError error = track->waitForOpening(openPatience);
     if (error == MediaError::None)
         opened = std::move(track);
     else if (error == MediaError::TimedOut)
-        late_ = std::move(track);
+        begun_ = std::move(track);
     return error;
 }
 

@@ -21,6 +21,10 @@ class Device {
 
     explicit Device(Output& output) : output_(output) {}
 
+    /// Begins to open a file and to decode what will be played of it, as the next one to be asked
+    /// for. Nobody waits for it.
+    void expect(const std::string& hostPath);
+
     Answer send(std::string_view text);
 
   private:
@@ -28,6 +32,7 @@ class Device {
 
     Answer handle(const MediaCommand& command);
     MediaError open(const MediaCommand& command);
+    std::shared_ptr<Track> beginTrack(const std::string& hostPath, Track::Ahead ahead);
     MediaError openTrack(const std::string& hostPath, std::shared_ptr<Track>& opened);
     MediaError play(const MediaCommand& command);
     MediaError pause();
@@ -45,8 +50,9 @@ class Device {
     Output& output_;
     std::shared_ptr<Track> track_;
 
-    /// One that took too long to open. Its opening goes on, so that the next try finds it done.
-    std::shared_ptr<Track> late_;
+    /// One that is being opened ahead of its command, or that took too long for the last one: the
+    /// next finds it done.
+    std::shared_ptr<Track> begun_;
     State state_ = State::Stopped;
     std::int64_t length_ = 0; ///< thousandths
     std::int64_t place_ = 0;  ///< where it stands while stopped, thousandths

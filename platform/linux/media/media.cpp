@@ -3,10 +3,12 @@
 #include "platform/linux/media/device.h"
 #include "platform/linux/media/early.h"
 #include "platform/linux/media/stream_volume.h"
+#include "platform/linux/paths.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace platform {
@@ -40,6 +42,8 @@ bool reachServer() { return sound().output.server().reach(); }
 } // namespace
 
 void media::connectEarly() { sound().output.server().connectEarly(); }
+
+void expectFile(const std::string& path) { sound().device.expect(toHost(path)); }
 
 std::uint32_t mciSendStringA(const char* command, char* reply, std::uint32_t replySize,
                              WindowHandle) {

@@ -1,5 +1,7 @@
 #include "platform/linux/media/track.h"
 
+#include "platform/linux/media/play_clock.h"
+
 #include <algorithm>
 #include <new>
 #include <system_error>
@@ -20,11 +22,12 @@ constexpr std::size_t blocksPerStroke = 8;
 
 } // namespace
 
-Track::Track(Private, std::string hostPath, std::function<void()> deliver)
-    : hostPath_(std::move(hostPath)), deliver_(std::move(deliver)) {}
+Track::Track(Private, std::string hostPath, std::function<void()> deliver, Ahead ahead)
+    : hostPath_(std::move(hostPath)), deliver_(std::move(deliver)), ahead_(ahead) {}
 
-std::shared_ptr<Track> Track::begin(const std::string& hostPath, std::function<void()> deliver) {
-    auto track = std::make_shared<Track>(Private{}, hostPath, std::move(deliver));
+std::shared_ptr<Track> Track::begin(const std::string& hostPath, std::function<void()> deliver,
+                                    Ahead ahead) {
+    auto track = std::make_shared<Track>(Private{}, hostPath, std::move(deliver), ahead);
     try {
         std::thread(run, track).detach();
     } catch (const std::system_error&) {
@@ -42,6 +45,8 @@ MediaError Track::waitForOpening(std::chrono::milliseconds limit) {
 
 std::uint32_t Track::request(Span span) {
     const MutexLock lock(mutex_);
+    const bool begun = std::exchange(ahead_, Ahead::Nothing) == Ahead::Playing;
+    if (begun && requested_ == span) return lastRequest_;
     requested_ = span;
     ++lastRequest_;
     changed_.notify_all();
@@ -99,6 +104,10 @@ void Track::openFile() {
     opening_ = Opening::Done;
     openError_ = error;
     if (error != MediaError::None) released_ = true;
+    if (ahead_ == Ahead::Playing) {
+        requested_ = {framesOfThousandths(1, format_.rate), frames_};
+        ++lastRequest_;
+    }
     changed_.notify_all();
 }
 

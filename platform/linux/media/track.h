@@ -18,15 +18,21 @@ namespace platform::media {
 struct Span {
     std::int64_t from = 0;
     std::int64_t to = 0;
+
+    friend bool operator==(const Span&, const Span&) = default;
 };
 
 /// An open file and the thread that decodes it. The thread keeps the track alive, so whoever lets
 /// go of one never waits for a disk that has stalled.
 class Track {
   public:
+    /// What is decoded before anybody has asked: nothing, or what the player plays, from 1 on.
+    enum class Ahead { Nothing, Playing };
+
     /// Begins to open a file. `deliver` is called on the decoding thread when sound has arrived
     /// that the reader was out of. Null if there can be no such thread.
-    static std::shared_ptr<Track> begin(const std::string& hostPath, std::function<void()> deliver);
+    static std::shared_ptr<Track> begin(const std::string& hostPath, std::function<void()> deliver,
+                                        Ahead ahead = Ahead::Nothing);
 
     /// Waits until the file is open, no longer than `limit`: `TimedOut` then, and the opening goes
     /// on. Once there is no error the rest of the track may be used.
@@ -36,7 +42,8 @@ class Track {
     std::int64_t frames() const { return frames_; }
     const std::string& hostPath() const { return hostPath_; }
 
-    /// Starts decoding a span; what was decoded before is stale. Returns the request's number.
+    /// Starts decoding a span; what was decoded before is stale, unless it is of this very span and
+    /// was decoded ahead. Returns the request's number.
     std::uint32_t request(Span span);
 
     /// Ends the decoding, at once or as soon as the disk lets go of the thread.
@@ -51,7 +58,7 @@ class Track {
     struct Private {};
 
   public:
-    Track(Private, std::string hostPath, std::function<void()> deliver);
+    Track(Private, std::string hostPath, std::function<void()> deliver, Ahead ahead);
 
   private:
     enum class Opening { Running, Done };
@@ -77,9 +84,10 @@ class Track {
     bool released_ ORVAN_GUARDED_BY(mutex_) = false;
     Span requested_ ORVAN_GUARDED_BY(mutex_);
     std::uint32_t lastRequest_ ORVAN_GUARDED_BY(mutex_) = 0;
+    Ahead ahead_ ORVAN_GUARDED_BY(mutex_);
 
     std::unique_ptr<BlockQueue> queue_;
-    std::atomic<bool> starving_ = true; ///< the reader found nothing: tell it when there is more
+    std::atomic<bool> starving_ = false; ///< the reader found nothing: tell it when there is more
 
     // The decoding thread's own.
     Decoder decoder_;

@@ -180,3 +180,41 @@ TEST_CASE("a file whose length only its every frame tells is never given a wrong
     CHECK(length() == exact);
     CHECK(send("Close mpeg") == 0);
 }
+
+TEST_CASE("of a file that is expected the first seconds are read before any command asks for it") {
+    const SoundServer server;
+    const std::string path = write("expected.wav", wave(tone(440, 3000)));
+    StalledFile stalled(path, byteOf(1000));
+    expectFile(path);
+    CHECK(stalled.holdsSomebody());
+    stalled.answer();
+    const OpenFile file(path);
+    CHECK(length() == 3000);
+    REQUIRE(playAll() == 0);
+    CHECK(waitUntil(finished));
+}
+
+TEST_CASE("an expected file whose disk stalls, or that isn't there, holds nobody up") {
+    const SoundServer server;
+    const std::string path = encode("awaited", tone(440, 3000), "-b 128");
+    Patience patience;
+    {
+        const StalledFile stalled(path, 0);
+        patience([&] {
+            expectFile(path);
+            return 0;
+        });
+        CHECK(stalled.holdsSomebody());
+        CHECK(patience([&] { return openFile(path); }) == tookTooLong);
+        patience([&] {
+            expectFile(folder() + "nothing.mp3");
+            return 0;
+        });
+        const OpenFile next(write("next.wav", wave(tone(880, 300))));
+        REQUIRE(playAll() == 0);
+        CHECK(waitUntil(finished));
+    }
+    CHECK(patience.longest < 1);
+    const OpenFile again(path);
+    CHECK(length() == 3000);
+}

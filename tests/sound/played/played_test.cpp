@@ -70,6 +70,50 @@ TEST_CASE("play from A to B starts and stops at the very samples") {
     CHECK(*place + stretches[0].frames() == framesOf(1250));
 }
 
+TEST_CASE("a file that was expected sounds as any other, whatever is asked of it") {
+    const SoundServer server;
+    const Samples source = loudNoise(4000);
+    const std::string path = write("expected.wav", wave(source));
+    struct Asked {
+        int from;
+        int to;
+    };
+    for (const auto [from, to] :
+         {Asked{1, 4000}, Asked{0, 4000}, Asked{1, 1250}, Asked{700, 4000}}) {
+        CAPTURE(from);
+        CAPTURE(to);
+        expectFile(path);
+        Recording recording;
+        const OpenFile file(path);
+        CHECK(length() == 4000);
+        REQUIRE(send("play mpeg from " + std::to_string(from) + " to " + std::to_string(to)) == 0);
+        REQUIRE(waitUntil([to] { return position() == to; }));
+        const auto heard = recording.finish();
+        const auto stretches = stretchesOf(heard, 20);
+        REQUIRE(stretches.size() == 1);
+        const auto place = placeOf(heard, stretches[0], source.values);
+        REQUIRE(place);
+        CHECK(*place >= framesOf(from));
+        CHECK(*place < framesOf(from) + seam);
+        CHECK(*place + stretches[0].frames() == framesOf(to));
+    }
+}
+
+TEST_CASE("another file than the expected one sounds, and nothing of that one") {
+    const SoundServer server;
+    const Samples source = loudNoise(1000);
+    expectFile(write("expected.wav", wave(tone(440, 3000))));
+    Recording recording;
+    const OpenFile file(write("another.wav", wave(source)));
+    CHECK(length() == 1000);
+    REQUIRE(playAll() == 0);
+    REQUIRE(waitUntil(finished));
+    const auto heard = recording.finish();
+    const auto stretches = stretchesOf(heard, 20);
+    REQUIRE(stretches.size() == 1);
+    CHECK(placeOf(heard, stretches[0], source.values));
+}
+
 TEST_CASE("after a seek exactly the asked place sounds, and the old one no longer than 50 ms") {
     const SoundServer server;
     const Samples source = loudNoise(8000);

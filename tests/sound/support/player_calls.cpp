@@ -8,16 +8,25 @@
 #include <stdexcept>
 
 namespace sound_test {
+namespace {
+
+std::string playersPath(std::string hostPath) {
+    std::replace(hostPath.begin(), hostPath.end(), '/', '\\');
+    return hostPath;
+}
+
+} // namespace
 
 std::uint32_t send(const std::string& command) {
     return platform::mciSendStringA(command.c_str(), nullptr, 0, 0);
 }
 
+void expectFile(const std::string& hostPath) { platform::expectFile(playersPath(hostPath)); }
+
 std::uint32_t openFile(const std::string& hostPath) {
-    std::string path = hostPath;
-    std::replace(path.begin(), path.end(), '/', '\\');
     char name[256] = {};
-    const std::uint32_t size = platform::GetShortPathNameA(path.c_str(), name, 255);
+    const std::uint32_t size =
+        platform::GetShortPathNameA(playersPath(hostPath).c_str(), name, 255);
     return send("open " + std::string(name, size) +
                 " type MpegVideo Alias mpeg parent 1 Style 1073741824");
 }

@@ -8,6 +8,9 @@ namespace sound_test {
 
 std::uint32_t send(const std::string& command);
 
+/// Says that a host path will be opened next.
+void expectFile(const std::string& hostPath);
+
 /// Sends `open` for a host path, by its short name.
 std::uint32_t openFile(const std::string& hostPath);
 
