@@ -43,6 +43,18 @@ int blankRowsOf(const Font& font) {
     return face == nullptr ? 0 : face->blankRows;
 }
 
+/// Whether each character is a letter or sign by itself, whatever stands beside it: printable ones
+/// of the Latin script, without marks that go above others and hyphens that don't show.
+bool standAlone(const QString& text) {
+    constexpr char16_t hiddenHyphen = 0xAD;
+    constexpr char16_t firstMark = 0x300;
+    return std::all_of(text.begin(), text.end(), [](QChar character) {
+        const char16_t unit = character.unicode();
+        const bool ascii = unit >= 0x20 && unit < 0x7F;
+        return ascii || (unit >= 0xA0 && unit < firstMark && unit != hiddenHyphen);
+    });
+}
+
 QFont makeFont(const Font& font) {
     QFont made;
     made.setFamily(QString::fromStdString(font.face));
@@ -68,18 +80,35 @@ QString textOf(std::string_view text) {
 
 } // namespace
 
-const QFont& fontFor(const Font& font) {
+namespace {
+
+struct Known {
+    Font asked;
+    QFont made;
+    QFont unshaped; ///< for letters that stand alone: nobody need load what shapes the others
+};
+
+const Known& knownFont(const Font& font) {
     // The player uses a handful of fonts, over and over.
-    struct Known {
-        Font asked;
-        QFont made;
-    };
     static std::vector<std::unique_ptr<Known>> known;
     for (const auto& entry : known)
-        if (entry->asked == font) return entry->made;
-    known.push_back(std::make_unique<Known>(Known{font, makeFont(font)}));
-    return known.back()->made;
+        if (entry->asked == font) return *entry;
+    const QFont made = makeFont(font);
+    QFont unshaped = made;
+    unshaped.setStyleStrategy(
+        static_cast<QFont::StyleStrategy>(made.styleStrategy() | QFont::PreferNoShaping));
+    known.push_back(std::make_unique<Known>(Known{font, made, unshaped}));
+    return *known.back();
 }
+
+const QFont& fontFor(const Font& font, const QString& text) {
+    const Known& known = knownFont(font);
+    return standAlone(text) ? known.unshaped : known.made;
+}
+
+} // namespace
+
+const QFont& fontFor(const Font& font) { return knownFont(font).made; }
 
 namespace {
 
@@ -94,7 +123,7 @@ Font naturalOf(const Font& font) {
 /// together rather than end in half a letter.
 QFont fittingFont(const Font& font, const QString& text, double room) {
     constexpr qsizetype longestShortText = 12;
-    QFont fitting = fontFor(font);
+    QFont fitting = fontFor(font, text);
     if (text.size() <= longestShortText && QFontMetrics(fitting).horizontalAdvance(text) > room)
         fitting.setLetterSpacing(QFont::AbsoluteSpacing, -1);
     return fitting;
@@ -103,7 +132,7 @@ QFont fittingFont(const Font& font, const QString& text, double room) {
 /// The font in as many times its size. Letters of whole pixels aren't exactly as much wider, so
 /// they move until the text is.
 QFont scaledFont(const Font& font, const QFont& natural, const QString& text) {
-    QFont scaled = fontFor(font);
+    QFont scaled = fontFor(font, text);
     const double width = QFontMetrics(natural).horizontalAdvance(text) * font.scale;
     const double missing = width - QFontMetrics(scaled).horizontalAdvance(text);
     scaled.setLetterSpacing(QFont::AbsoluteSpacing, missing / static_cast<double>(text.size()));
@@ -113,8 +142,9 @@ QFont scaledFont(const Font& font, const QFont& natural, const QString& text) {
 } // namespace
 
 Size measureText(const Font& font, std::string_view text) {
-    const QFontMetrics metrics(fontFor(naturalOf(font)));
-    return {metrics.horizontalAdvance(textOf(text)), metrics.height() - blankRowsOf(font)};
+    const QString words = textOf(text);
+    const QFontMetrics metrics(fontFor(naturalOf(font), words));
+    return {metrics.horizontalAdvance(words), metrics.height() - blankRowsOf(font)};
 }
 
 void drawText(Picture& picture, const Rect& clip, Point origin, const Font& font, Pixel colour,
