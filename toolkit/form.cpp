@@ -242,6 +242,7 @@ const platform::Picture& Form::paint() {
     const platform::Rect area = toPixels(bounds_);
     const platform::Rect client{0, 0, area.right - area.left, area.bottom - area.top};
     const platform::Rect whole = platform::deviceRect(client, scale);
+    picture_ = {}; // the old one goes first: there is no room for two
     picture_ = platform::Picture(whole.right, whole.bottom, pixelOf(data_.backColour));
     const Canvas canvas{picture_, scale, {}};
     lay(canvas, client, {0, 0}, data_.picture);
