@@ -21,6 +21,10 @@ platform::Picture orStop(platform::Picture picture, std::string_view fileName) {
     return picture;
 }
 
+platform::Picture naturalPicture(std::string_view fileName) {
+    return orStop(toolkit::decodeBitmap(assets::file(fileName)), fileName);
+}
+
 platform::Picture largerPicture(std::string_view fileName, std::int32_t times) {
     const std::string stem(fileName.substr(0, fileName.rfind('.')));
     const std::string path = std::to_string(times) + "x/" + stem + ".png";
@@ -30,7 +34,7 @@ platform::Picture largerPicture(std::string_view fileName, std::int32_t times) {
 } // namespace
 
 toolkit::Artwork skinPicture(std::string_view fileName) {
-    platform::Picture natural = orStop(toolkit::decodeBitmap(assets::file(fileName)), fileName);
-    return {std::move(natural),
-            [fileName](std::int32_t times) { return largerPicture(fileName, times); }};
+    return toolkit::Artwork([fileName](std::int32_t times) {
+        return times == 1 ? naturalPicture(fileName) : largerPicture(fileName, times);
+    });
 }

@@ -20,11 +20,24 @@ platform::Picture enlarged(const platform::Picture& picture, std::int32_t times)
 
 } // namespace
 
-Artwork::Artwork(platform::Picture natural, Source larger)
-    : natural_(std::move(natural)),
-      opaque_(std::all_of(natural_.pixels.begin(), natural_.pixels.end(),
-                          [](platform::Pixel pixel) { return pixel >= 0xFF000000U; })),
-      source_(std::move(larger)) {}
+Artwork::Artwork(platform::Picture natural, Source larger) : source_(std::move(larger)) {
+    setNatural(std::move(natural));
+}
+
+void Artwork::setNatural(platform::Picture picture) const {
+    natural_ = std::move(picture);
+    opaque_ = std::all_of(natural_.pixels.begin(), natural_.pixels.end(),
+                          [](platform::Pixel pixel) { return pixel >= 0xFF000000U; });
+}
+
+const platform::Picture& Artwork::natural() const {
+    if (natural_.empty() && source_) setNatural(source_(1));
+    return natural_;
+}
+
+bool Artwork::opaque() const {
+    return natural().empty() || opaque_;
+}
 
 const platform::Picture& Artwork::larger(std::int32_t times) const {
     if (made_ == nullptr) made_ = std::make_shared<Made>();
@@ -32,19 +45,19 @@ const platform::Picture& Artwork::larger(std::int32_t times) const {
     *made_ = {};
     made_->times = times;
     if (source_) made_->larger = source_(times);
-    if (made_->larger.empty()) made_->larger = enlarged(natural_, times);
+    if (made_->larger.empty()) made_->larger = enlarged(natural(), times);
     return made_->larger;
 }
 
 const platform::Picture& Artwork::at(double scale, platform::Point corner) const {
-    if (scale == 1 || natural_.empty()) return natural_;
+    if (scale == 1 || natural().empty()) return natural();
     const auto times = static_cast<std::int32_t>(std::ceil(scale));
     const platform::Picture& whole = larger(times);
     if (scale == times) return whole;
     if (made_->scale != scale || made_->corner != corner) {
         made_->scale = scale;
         made_->corner = corner;
-        made_->fitted = reduced(natural_, whole, scale, corner);
+        made_->fitted = reduced(natural(), whole, scale, corner);
     }
     return made_->fitted;
 }

@@ -47,6 +47,20 @@ TEST_CASE("a display of the usual scale never asks for a larger picture") {
     CHECK(asked == 0);
 }
 
+TEST_CASE("a picture is made when it is first needed, and no more than once") {
+    std::vector<std::int32_t> asked;
+    const Artwork artwork([&](std::int32_t times) {
+        asked.push_back(times);
+        return crossed(times);
+    });
+    CHECK(asked.empty());
+    CHECK(artwork.opaque());
+    for (std::int32_t x = 0; x < 3; ++x)
+        CHECK(artwork.at(1, {x, 0}) == crossed(1));
+    CHECK(artwork.natural() == crossed(1));
+    CHECK(asked == std::vector<std::int32_t>{1});
+}
+
 TEST_CASE("at a whole scale the picture that is drawn for it shows as it is, made once") {
     int asked = 0;
     const Artwork artwork(crossed(1), [&](std::int32_t times) {
