@@ -14,10 +14,15 @@ struct RegionPart {
     Rect edges{};
     bool round = false;
     Size ellipse{};
+    friend bool operator==(const RegionPart&, const RegionPart&) = default;
 };
 
 /// All pixels that lie in any of the parts.
 using RegionShape = std::vector<RegionPart>;
+
+/// A shape in the pixels of a display that has `scale` of them to one of the shape's, for a window
+/// whose top left corner stands at a place of the screen. They count from that corner.
+RegionShape onDisplay(const RegionShape& shape, double scale, Point corner);
 
 /// The pixels of a shape on a display of `scale` pixels to one of the shape's, for a window whose
 /// top left corner stands at a place of the screen. They count from that corner.

@@ -1,5 +1,7 @@
 #include "platform/windows/accessible_object.h"
 
+#include "platform/device_pixels.h"
+#include "platform/windows/display.h"
 #include "platform/windows/utf16.h"
 
 #include <cstddef>
@@ -54,7 +56,7 @@ const char* actionOf(const AccessibleThing& thing) {
     return thing.role == AccessibleRole::CheckBox ? "Toggle" : "Press";
 }
 
-bool contains(const Rect& area, POINT place) {
+bool contains(const Rect& area, Point place) {
     return place.x >= area.left && place.x < area.right && place.y >= area.top &&
            place.y < area.bottom;
 }
@@ -315,7 +317,7 @@ HRESULT AccessibleObject::accLocation(LONG* left, LONG* top, LONG* width, LONG* 
     if (!isSelf(child)) {
         const std::optional<AccessibleThing> thing = thingOf(child);
         if (!thing) return E_INVALIDARG;
-        area = thing->area;
+        area = deviceRect(thing->area, displayScale());
     }
     POINT corner = {area.left, area.top};
     ClientToScreen(window_, &corner);
@@ -336,7 +338,7 @@ HRESULT AccessibleObject::accHitTest(LONG left, LONG top, VARIANT* child) {
     for (LONG number = count; number > 0; --number) {
         const VARIANT one = numberVariant(number);
         const std::optional<AccessibleThing> thing = thingOf(one);
-        if (!thing || !contains(thing->area, place)) continue;
+        if (!thing || !contains(thing->area, pixelUnder(place))) continue;
         *child = one;
         if (thing->role != AccessibleRole::List) return S_OK;
         child->vt = VT_DISPATCH;

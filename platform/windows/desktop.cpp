@@ -1,5 +1,7 @@
 #include "platform/desktop.h"
 
+#include "platform/device_pixels.h"
+#include "platform/windows/display.h"
 #include "platform/windows/utf16.h"
 #include "platform/windows/win32.h"
 
@@ -9,15 +11,6 @@
 
 namespace platform {
 namespace {
-
-constexpr float twipsPerInch = 1440.0F;
-
-float twipsPerPixel(int pixelsPerInchIndex) {
-    const HDC screen = GetDC(nullptr);
-    const int pixelsPerInch = GetDeviceCaps(screen, pixelsPerInchIndex);
-    ReleaseDC(nullptr, screen);
-    return twipsPerInch / static_cast<float>(pixelsPerInch);
-}
 
 /// What stands behind the program's name, which may be in quotes.
 std::wstring_view tailOf(std::wstring_view line) {
@@ -74,10 +67,14 @@ std::int32_t compareInUsersLanguage(std::string_view first, std::string_view sec
     return order == 0 ? 0 : order - CSTR_EQUAL;
 }
 
-float twipsPerPixelX() { return twipsPerPixel(LOGPIXELSX); }
-float twipsPerPixelY() { return twipsPerPixel(LOGPIXELSY); }
+// What the display has more of them is its own: a pixel is a 96th of an inch to the player.
+float twipsPerPixelX() { return 15.0F; }
+float twipsPerPixelY() { return 15.0F; }
 
-Size screenSize() { return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
+Size screenSize() {
+    return {nearestEdge(GetSystemMetrics(SM_CXSCREEN), displayScale()),
+            nearestEdge(GetSystemMetrics(SM_CYSCREEN), displayScale())};
+}
 
 std::int32_t secondsSinceMidnight() {
     SYSTEMTIME now = {};

@@ -25,28 +25,36 @@ constexpr Substitute substitutes[] = {
     {"Terminal", L"Liberation Mono"},
 };
 
-int CALLBACK foundFace(const LOGFONTW* /*font*/, const TEXTMETRICW* /*metrics*/, DWORD /*kind*/,
-                       LPARAM found) {
-    *reinterpret_cast<bool*>(found) = true;
-    return FALSE;
+struct Sought {
+    bool drawn; ///< in any size, not by a bitmap for each
+    bool found = false;
+};
+
+int CALLBACK foundFace(const LOGFONTW* /*font*/, const TEXTMETRICW* /*metrics*/, DWORD kind,
+                       LPARAM sought) {
+    auto& face = *reinterpret_cast<Sought*>(sought);
+    face.found = !face.drawn || (kind & RASTER_FONTTYPE) == 0;
+    return face.found ? FALSE : TRUE;
 }
 
-bool isInstalled(const std::wstring& face) {
+bool isInstalled(const std::wstring& face, bool drawn) {
     LOGFONTW sought = {};
     sought.lfCharSet = DEFAULT_CHARSET;
     face.copy(sought.lfFaceName, LF_FACESIZE - 1);
-    bool found = false;
+    Sought answer{drawn};
     const HDC screen = GetDC(nullptr);
-    EnumFontFamiliesExW(screen, &sought, foundFace, reinterpret_cast<LPARAM>(&found), 0);
+    EnumFontFamiliesExW(screen, &sought, foundFace, reinterpret_cast<LPARAM>(&answer), 0);
     ReleaseDC(nullptr, screen);
-    return found;
+    return answer.found;
 }
 
-std::wstring faceFor(const std::string& asked) {
-    std::wstring wanted = toWide(asked);
-    if (isInstalled(wanted)) return wanted;
+std::wstring faceFor(const Font& font) {
+    std::wstring wanted = toWide(font.face);
+    const bool drawn = font.scale != 1;
+    if (isInstalled(wanted, drawn)) return wanted;
     for (const Substitute& substitute : substitutes)
-        if (substitute.asked == asked && isInstalled(substitute.face)) return substitute.face;
+        if (substitute.asked == font.face && isInstalled(substitute.face, drawn))
+            return substitute.face;
     return wanted;
 }
 
@@ -54,13 +62,13 @@ HFONT makeFont(const Font& font) {
     constexpr double pixelsPerInch = 96;
     constexpr double pointsPerInch = 72;
     LOGFONTW wanted = {};
-    const auto height = std::lround(font.points * pixelsPerInch / pointsPerInch);
+    const auto height = std::lround(font.points * font.scale * pixelsPerInch / pointsPerInch);
     wanted.lfHeight = static_cast<LONG>(-std::max(1L, height));
     wanted.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
     wanted.lfItalic = font.italic ? TRUE : FALSE;
     wanted.lfCharSet = font.face == "Terminal" ? OEM_CHARSET : DEFAULT_CHARSET;
     wanted.lfQuality = ANTIALIASED_QUALITY;
-    faceFor(font.face).copy(wanted.lfFaceName, LF_FACESIZE - 1);
+    faceFor(font).copy(wanted.lfFaceName, LF_FACESIZE - 1);
     return CreateFontIndirectW(&wanted);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/windows/pointer.h"
 
+#include "platform/windows/display.h"
 #include "platform/windows/stand_in.h"
 
 #include <cstdint>
@@ -33,7 +34,7 @@ constexpr ButtonMessage buttonMessages[] = {
 };
 
 /// Places may lie left of a window or above it, so both halves have a sign.
-Point placeOf(LPARAM halves) {
+POINT placeOf(LPARAM halves) {
     return {static_cast<std::int16_t>(LOWORD(halves)), static_cast<std::int16_t>(HIWORD(halves))};
 }
 
@@ -61,7 +62,7 @@ Point pointerIn(const WindowState& state) {
     POINT place = {};
     ::GetCursorPos(&place);
     ScreenToClient(state.window, &place);
-    return {place.x, place.y};
+    return pixelUnder(place);
 }
 
 void tellLeave(WindowState& state) {
@@ -83,7 +84,7 @@ void holdPointer(WindowState& state, const PointerEvent& event) {
 void tellButton(WindowState& state, const ButtonMessage& kind, WPARAM keys, LPARAM place) {
     // A release whose press was another window's, or has been ended already.
     if (kind.action == PointerAction::Release && state.held == PointerButton::None) return;
-    PointerEvent event = eventOf(kind.action, placeOf(place), keys);
+    PointerEvent event = eventOf(kind.action, pixelUnder(placeOf(place)), keys);
     event.button = kind.button;
     event.secondPress = kind.secondPress;
     holdPointer(state, event);
@@ -109,7 +110,7 @@ void tellMove(WindowState& state, WPARAM keys, LPARAM place) {
         ReleaseCapture();
         endHold(state);
     }
-    tell(state, eventOf(PointerAction::Move, placeOf(place), keys));
+    tell(state, eventOf(PointerAction::Move, pixelUnder(placeOf(place)), keys));
 }
 
 void askForEnd(const WindowState& state) {
@@ -129,10 +130,9 @@ void tellWheel(WindowState& state, WPARAM keys, LPARAM place) {
     const int rows = state.wheelRemainder / WHEEL_DELTA;
     state.wheelRemainder %= WHEEL_DELTA;
     if (rows == 0) return;
-    const Point onScreen = placeOf(place);
-    POINT inside = {onScreen.x, onScreen.y};
+    POINT inside = placeOf(place);
     ScreenToClient(state.window, &inside);
-    PointerEvent event = eventOf(PointerAction::Wheel, {inside.x, inside.y}, LOWORD(keys));
+    PointerEvent event = eventOf(PointerAction::Wheel, pixelUnder(inside), LOWORD(keys));
     event.wheelRows = -rows;
     tell(state, event);
 }

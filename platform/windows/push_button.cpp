@@ -1,5 +1,7 @@
 #include "platform/windows/push_button.h"
 
+#include "platform/device_pixels.h"
+#include "platform/windows/display.h"
 #include "platform/windows/fonts.h"
 #include "platform/windows/handles.h"
 #include "platform/windows/utf16.h"
@@ -41,13 +43,15 @@ void createPushButton(WindowHandle window, const PushButton& button,
                       std::function<void()> clicked) {
     const WindowRecord record = findWindow(windowOf(window));
     if (record == nullptr) return;
-    const Rect& area = button.area;
+    const Rect area = deviceRect(button.area, displayScale());
+    Font font = button.font;
+    font.scale = displayScale();
     const HWND made =
         CreateWindowExW(0, L"BUTTON", toWide(button.caption).c_str(),
                         WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON, area.left, area.top,
                         area.right - area.left, area.bottom - area.top, record->window, nullptr,
                         GetModuleHandleW(nullptr), nullptr);
-    SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(fontFor(button.font)), FALSE);
+    SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(fontFor(font)), FALSE);
     record->buttons.push_back({made, cursorOf(button.pointer), std::move(clicked)});
 }
 

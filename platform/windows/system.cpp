@@ -1,7 +1,10 @@
 #include "platform/system.h"
 
+#include "platform/device_pixels.h"
+#include "platform/windows/display.h"
 #include "platform/windows/handles.h"
 #include "platform/windows/stand_in.h"
+#include "platform/windows/window_table.h"
 
 #include <cstdint>
 
@@ -13,20 +16,25 @@ bool SystemParametersInfoA(std::uint32_t request, std::uint32_t parameter, Rect*
     if (request != SPI_GETWORKAREA || area == nullptr) return false;
     RECT edges = {};
     if (::SystemParametersInfoA(request, parameter, &edges, flags) == FALSE) return false;
-    *area = {edges.left, edges.top, edges.right, edges.bottom};
+    *area = nearestEdges({edges.left, edges.top, edges.right, edges.bottom}, displayScale());
     return true;
 }
 
 bool GetCursorPos(Point* point) {
     POINT place = {};
     if (point == nullptr || ::GetCursorPos(&place) == FALSE) return false;
-    *point = pointerStandIn().value_or(Point{place.x, place.y});
+    *point = pointerStandIn().value_or(pixelUnder(place));
     return true;
 }
 
 bool MoveWindow(WindowHandle window, std::int32_t x, std::int32_t y, std::int32_t width,
                 std::int32_t height, bool repaint) {
-    return ::MoveWindow(windowOf(window), x, y, width, height, repaint ? TRUE : FALSE) != FALSE;
+    const WindowRecord record = findWindow(windowOf(window));
+    if (record == nullptr) return false;
+    const double scale = displayScale();
+    const Size size = outerOnDisplay(record->frame, {x, y}, {width, height});
+    return ::MoveWindow(record->window, deviceEdge(x, scale), deviceEdge(y, scale), size.width,
+                        size.height, repaint ? TRUE : FALSE) != FALSE;
 }
 
 void Sleep(std::uint32_t milliseconds) { ::Sleep(milliseconds); }

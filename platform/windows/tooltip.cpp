@@ -1,6 +1,8 @@
 #include "platform/windows/tooltip.h"
 
+#include "platform/device_pixels.h"
 #include "platform/events.h"
+#include "platform/windows/display.h"
 #include "platform/windows/utf16.h"
 
 namespace platform {
@@ -66,7 +68,7 @@ void Tooltip::show() {
     if (control_ == nullptr) control_ = createControl(owner_, tool);
     POINT place = {};
     ::GetCursorPos(&place);
-    const LPARAM corner = MAKELPARAM(place.x, place.y + belowPointer);
+    const LPARAM corner = MAKELPARAM(place.x, place.y + deviceEdge(belowPointer, displayScale()));
     send(control_, TTM_UPDATETIPTEXTW, 0, tool);
     SendMessageW(control_, TTM_TRACKPOSITION, 0, corner);
     send(control_, TTM_TRACKACTIVATE, TRUE, tool);

@@ -1,6 +1,8 @@
 #include "platform/window.h"
 
+#include "platform/device_pixels.h"
 #include "platform/windows/disabled.h"
+#include "platform/windows/display.h"
 #include "platform/windows/handles.h"
 #include "platform/windows/utf16.h"
 #include "platform/windows/window_table.h"
@@ -43,6 +45,14 @@ void registerClass() {
     static_cast<void>(registered);
 }
 
+/// What the frame takes of the display.
+Size edgesOf(Frame frame) {
+    const Style style = styleOf(frame);
+    RECT edges = {};
+    AdjustWindowRectEx(&edges, style.usual, FALSE, style.extended);
+    return {edges.right - edges.left, edges.bottom - edges.top};
+}
+
 /// An icon, or as large as the screen.
 bool isOutOfState(HWND window) { return IsIconic(window) != FALSE || IsZoomed(window) != FALSE; }
 
@@ -82,24 +92,34 @@ WindowRecord findWindow(HWND window) {
 }
 
 Size frameSize(Frame frame) {
-    const Style style = styleOf(frame);
-    RECT edges = {};
-    AdjustWindowRectEx(&edges, style.usual, FALSE, style.extended);
-    return {edges.right - edges.left, edges.bottom - edges.top};
+    const Size edges = edgesOf(frame);
+    return {nearestEdge(edges.width, displayScale()), nearestEdge(edges.height, displayScale())};
+}
+
+Size outerOnDisplay(Frame frame, Point corner, Size outer) {
+    const Size edges = edgesOf(frame);
+    const Size inside = frameSize(frame);
+    const Size client = deviceRoom(
+        corner, {outer.width - inside.width, outer.height - inside.height}, displayScale());
+    return {client.width + edges.width, client.height + edges.height};
 }
 
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
     registerClass();
     const Style style = styleOf(options.frame);
-    const Size edges = frameSize(options.frame);
-    const Size size = {options.size.width + edges.width, options.size.height + edges.height};
-    const HWND window =
-        CreateWindowExW(style.extended, className, toWide(options.title).c_str(), style.usual,
-                        options.position.x, options.position.y, size.width, size.height,
-                        ownerOf(options.frame), nullptr, program(), nullptr);
+    const Size inside = frameSize(options.frame);
+    const Size size =
+        outerOnDisplay(options.frame, options.position,
+                       {options.size.width + inside.width, options.size.height + inside.height});
+    const double scale = displayScale();
+    const HWND window = CreateWindowExW(
+        style.extended, className, toWide(options.title).c_str(), style.usual,
+        deviceEdge(options.position.x, scale), deviceEdge(options.position.y, scale), size.width,
+        size.height, ownerOf(options.frame), nullptr, program(), nullptr);
     const auto record = std::make_shared<WindowState>();
     record->window = window;
     record->frame = options.frame;
+    record->place = options.position;
     record->events = std::move(events);
     windowTable().push_back(record);
     return numberOf(window);
@@ -129,8 +149,10 @@ bool setNormalState(WindowHandle window) {
     return !isOutOfState(handle);
 }
 
-// The system enlarges the window as a whole.
-double pictureScale(WindowHandle /*window*/) { return 1; }
+double pictureScale(WindowHandle /*window*/) {
+    constexpr double largest = 4;
+    return std::min(displayScale(), largest);
+}
 
 void requestPaint(WindowHandle window) { InvalidateRect(windowOf(window), nullptr, FALSE); }
 

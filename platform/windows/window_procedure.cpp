@@ -1,10 +1,13 @@
+#include "platform/device_pixels.h"
 #include "platform/events.h"
 #include "platform/windows/accessibility.h"
 #include "platform/windows/disabled.h"
+#include "platform/windows/display.h"
 #include "platform/windows/keys.h"
 #include "platform/windows/pointer.h"
 #include "platform/windows/push_button.h"
 #include "platform/windows/remote.h"
+#include "platform/windows/shape.h"
 #include "platform/windows/window_table.h"
 
 #include <cstdint>
@@ -23,17 +26,42 @@ BITMAPINFO layoutOf(const Picture& picture) {
     return layout;
 }
 
+void put(HDC target, const Picture& picture, Point corner) {
+    const BITMAPINFO layout = layoutOf(picture);
+    SetDIBitsToDevice(target, corner.x, corner.y, static_cast<DWORD>(picture.width),
+                      static_cast<DWORD>(picture.height), 0, 0, 0,
+                      static_cast<UINT>(picture.height), picture.pixels.data(), &layout,
+                      DIB_RGB_COLORS);
+}
+
+void enlarge(HDC target, const Picture& picture, Size client) {
+    const BITMAPINFO layout = layoutOf(picture);
+    SetStretchBltMode(target, HALFTONE);
+    SetBrushOrgEx(target, 0, 0, nullptr); // what that mode asks for
+    StretchDIBits(target, 0, 0, client.width, client.height, 0, 0, picture.width, picture.height,
+                  picture.pixels.data(), &layout, DIB_RGB_COLORS, SRCCOPY);
+}
+
+/// Shows a picture that was painted for the display with no pixel touched. A window may have a
+/// column and a row to spare, which repeat the picture's last ones.
+void show(HDC target, const Picture& picture, Size client) {
+    const Point spare{client.width - picture.width, client.height - picture.height};
+    if (spare.x > 1 || spare.y > 1) return enlarge(target, picture, client);
+    put(target, picture, {0, 0});
+    if (spare.x <= 0 && spare.y <= 0) return;
+    ExcludeClipRect(target, 0, 0, picture.width, picture.height);
+    put(target, picture, spare);
+}
+
 /// Puts the whole picture up in one step, with nothing painted before it.
 void paint(WindowState& state) {
     const Picture* const picture = state.events.paint ? &state.events.paint() : nullptr;
     PAINTSTRUCT request = {};
     const HDC target = BeginPaint(state.window, &request);
     if (picture != nullptr && !picture->empty()) {
-        const BITMAPINFO layout = layoutOf(*picture);
-        SetDIBitsToDevice(target, 0, 0, static_cast<DWORD>(picture->width),
-                          static_cast<DWORD>(picture->height), 0, 0, 0,
-                          static_cast<UINT>(picture->height), picture->pixels.data(), &layout,
-                          DIB_RGB_COLORS);
+        RECT client = {};
+        GetClientRect(state.window, &client);
+        show(target, *picture, {client.right, client.bottom});
     }
     EndPaint(state.window, &request);
 }
@@ -41,7 +69,9 @@ void paint(WindowState& state) {
 void tellMoved(WindowState& state, const WINDOWPOS& change) {
     // A minimised window stands at a place that is none.
     if ((change.flags & SWP_NOMOVE) != 0 || IsIconic(state.window) != FALSE) return;
-    if (state.events.moved) state.events.moved({change.x, change.y});
+    state.place = nearestEdge({change.x, change.y}, displayScale());
+    fitShape(state);
+    if (state.events.moved) state.events.moved(state.place);
 }
 
 void tellClosing(WindowState& state) {

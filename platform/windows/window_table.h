@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/region_shape.h"
 #include "platform/window.h"
 #include "platform/windows/tooltip.h"
 #include "platform/windows/win32.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace platform {
@@ -28,6 +30,9 @@ struct WindowState {
     HWND window = nullptr;
     Frame frame = Frame::None;
     WindowEvents events;
+    Point place;                      ///< of the outer top left corner, the player's pixels
+    std::optional<RegionShape> shape; ///< what it is cut to; none for a whole window
+    std::optional<RegionShape> cutTo; ///< the same in the display's pixels, as the system has it
     Tooltip tooltip;
     std::vector<ButtonState> buttons;
     std::vector<const Disabled*> disabledBy;  ///< what keeps the user from it, the latest last
@@ -46,6 +51,10 @@ std::vector<WindowRecord>& windowTable();
 /// Null for windows that aren't the player's. Held by every handler that runs, as a handler may
 /// open a dialog in whose loop another one destroys the window.
 WindowRecord findWindow(HWND window);
+
+/// A window's size on the display, its frame included, by its corner and its size in the player's
+/// pixels.
+Size outerOnDisplay(Frame frame, Point corner, Size outer);
 
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM first, LPARAM second);
 

@@ -1,9 +1,11 @@
+#include "platform/device_pixels.h"
 #include "platform/text.h"
 #include "tests/contract/world.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 using namespace platform;
@@ -85,6 +87,34 @@ TEST_CASE("text leaves an opaque picture opaque, in shades of its own colour") {
         const Pixel green = pixel >> 8U & 0xFFU;
         REQUIRE(red == green);
     }
+}
+
+TEST_CASE("a text of a larger scale measures the same, and takes as many times the room") {
+    for (const char* const face : {"MS Sans Serif", "Terminal", "Tahoma"})
+        for (const double scale : {1.25, 1.5, 2.0, 3.0}) {
+            CAPTURE(face);
+            CAPTURE(scale);
+            const Font font{face, 9, false, false};
+            Font scaled = font;
+            scaled.scale = scale;
+            const Size size = measureText(font, "Hit the Hood");
+            CHECK(measureText(scaled, "Hit the Hood") == size);
+            Picture usual(200, 40, back);
+            drawText(usual, {0, 0, 200, 40}, {10, 5}, font, yellow, "Hit the Hood");
+            Picture larger(600, 120, back);
+            const Point origin{deviceEdge(10, scale), deviceEdge(5, scale)};
+            drawText(larger, {0, 0, 600, 120}, origin, scaled, yellow, "Hit the Hood");
+            const Rect box = inked(usual);
+            const Rect large = inked(larger);
+            REQUIRE_FALSE(empty(box));
+            REQUIRE_FALSE(empty(large));
+            // Letters are drawn anew, and may end up to a pixel of the text's sooner or later.
+            const double tolerance = 1.5 * scale;
+            CHECK(std::abs(large.left - box.left * scale) <= tolerance);
+            CHECK(std::abs(large.right - box.right * scale) <= tolerance);
+            CHECK(std::abs(large.bottom - box.bottom * scale) <= tolerance);
+            CHECK(std::abs(large.top - box.top * scale) <= tolerance);
+        }
 }
 
 TEST_CASE("bytes that are no UTF-8 take the room of replacement characters") {

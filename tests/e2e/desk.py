@@ -103,11 +103,15 @@ class Desk:
             start = self.place(number)
             wait_until(lambda: self.follows(number, start), "a window to be taken", self.player)
         else:
-            self.click(number, grip, "mousedown", 1)
+            self.press(number)
+
+    def press(self, number, *more):
+        """Presses the left button on the window's grip."""
+        self.click(number, self.grip, "mousedown", 1, *more)
 
     def follows(self, number, start):
         """Presses, and tells whether the window goes along with a move; else lets go of it."""
-        self.click(number, self.grip, "mousedown", 1, "sleep", 0.2)
+        self.press(number, "sleep", 0.2)
         self.drag((start[0] + BEYOND_SNAPPING, start[1]))
         patience = time.monotonic() + 1.0
         while time.monotonic() < patience:

@@ -9,7 +9,7 @@ from desk import Desk, xdotool
 from scenario import scenario
 from world import WINDOW, Screenshot, Window, check, output_of, wait_until
 
-ONLY = {"only": "linux", "because": "the program for Windows leaves larger scales to the system"}
+ONLY = {"only": "linux", "because": "a program for Windows keeps the scale that its session has"}
 
 
 def edge(side, scale):
@@ -26,7 +26,7 @@ class ScaledDesk(Desk):
 
     def __init__(self, world, scale, main, listing, **environment):
         self.scale = scale
-        self.environment = environment or {"QT_SCALE_FACTOR": str(scale)}
+        self.environment = environment or world.build.scaled(world, scale)
         super().__init__(world, main, listing)
 
     def begin(self, main):
@@ -55,10 +55,9 @@ class ScaledDesk(Desk):
         xdotool("mousemove", *(at + int((side + 0.5) * self.scale)
                                for at, side in zip(corner, place)), *(more or ("click", 1)))
 
-    def take(self, number, grip):
-        self.grip = grip
-        at = [side + inside for side, inside in zip(self.place(number), grip)]
-        xdotool("mousemove", *scaled(at, self.scale), "mousedown", 1)
+    def press(self, number, *more):
+        at = [side + inside for side, inside in zip(self.place(number), self.grip)]
+        xdotool("mousemove", *scaled(at, self.scale), "mousedown", 1, *more)
 
     def drag(self, place):
         at = [side + inside for side, inside in zip(place, self.grip)]
@@ -83,7 +82,7 @@ def at_scales(sentence, *scales):
                     world.end(function(world, scale).process)
                 except AssertionError as error:
                     raise AssertionError(f"at {round(100 * scale)} %: {error}") from error
-        scenario(sentence, **ONLY)(each)
+        scenario(sentence)(each)
         return function
     return keep
 
@@ -112,9 +111,9 @@ def drags(world, scale):
 @at_scales("docked windows touch without a gap or an overlap at every scale of the display",
            1, 1.25, 1.5, 1.75, 2, 2.5, 3)
 def docked(world, scale):
-    desk = ScaledDesk(world, scale, (30, 30), (30, 112))
+    desk = ScaledDesk(world, scale, (30, 50), (30, 132))
     desk.take_main((20, 6))
-    for x, y in [(30, 31), (31, 32), (32, 33), (33, 34), (30, 30)]:
+    for x, y in [(30, 51), (31, 52), (32, 53), (33, 54), (30, 50)]:
         desk.drag((x, y))
         desk.stands(main=(x, y), listing=(x, y + 82))
         touches(desk)
@@ -174,7 +173,7 @@ def follows(world):
 
 @at_scales("the face and its cut corners are as fine as the display", 1.5, 2, 3)
 def fine(world, scale):
-    player = world.start(QT_SCALE_FACTOR=str(scale))
+    player = world.start(**world.build.scaled(world, scale))
     width, height = size = scaled(WINDOW, scale)
     window = wait_until(lambda: next((one for one in player.windows() if one.size == size), None),
                         "the player's window", player)

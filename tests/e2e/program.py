@@ -79,6 +79,10 @@ class Linux:
         parent = re.search(r"Parent window id: (0x[0-9a-f]+)(.*)", told)
         return None if parent is None or "root window" in parent[2] else parent[1]
 
+    def scaled(self, world, scale):
+        """Gives a player's environment on a display of that scale, until the world ends."""
+        return {"QT_SCALE_FACTOR": str(scale)}
+
     def work_area_changes(self):
         """Called when the panels have changed and no player runs."""
 
@@ -134,6 +138,20 @@ class Windows:
 
     def frame_of(self, window):
         return None  # Wine draws its frames inside its windows
+
+    def scaled(self, world, scale):
+        def set_up(pixels, managed):
+            settings = world.folder / "display.reg"
+            settings.write_text("\r\n".join([
+                "REGEDIT4", r"[HKEY_CURRENT_USER\Control Panel\Desktop]",
+                f'"LogPixels"=dword:{pixels:x}',
+                r"[HKEY_CURRENT_USER\Software\Wine\X11 Driver]", f'"Managed"={managed}', ""]))
+            quietly(WINE, "reg", "import", self.path(settings))
+        world.stack.callback(set_up, 96, "-")
+        # Without the window manager, as Wine sometimes takes the place of a window in its frame for
+        # the one on the screen: a window that stands at its place by a press would jump by the drag.
+        set_up(round(96 * scale), '"N"')
+        return {}
 
     def work_area_changes(self):
         # Wine asks for it once, at the start of its session.

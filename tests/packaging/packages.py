@@ -148,12 +148,12 @@ def windows_imports(world):
     check(used == allowed, f"on the list, and called by no program: {sorted(allowed - used)}")
 
 
-@scenario("the programs' manifest knows the systems that they run on, and paths of any length")
+@scenario("the programs' manifest knows their systems, paths of any length and the display's pixels")
 def manifests(world):
     for word, program in windows_programs(world):
         text = program[program.index(b"<assembly"):program.index(b"</assembly>")].decode()
         check(text.count("<supportedOS Id=") == 4, f"{word}: {text}")
-        for setting in ("longPathAware", "activeCodePage"):
+        for setting in ("longPathAware", "activeCodePage", "dpiAware"):
             check(f"</{setting}>" in text, f"{word}: no {setting}")
 
 

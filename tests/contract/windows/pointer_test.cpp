@@ -1,4 +1,6 @@
+#include "platform/device_pixels.h"
 #include "platform/system.h"
+#include "platform/windows/display.h"
 #include "platform/windows/handles.h"
 #include "tests/contract/world.h"
 
@@ -35,7 +37,7 @@ struct Pressed {
     Pressed& operator=(const Pressed&) = delete;
 
     void press() {
-        POINT place = {60, 40};
+        POINT place = middle();
         ClientToScreen(handle(), &place);
         SetCursorPos(place.x, place.y);
         mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
@@ -47,6 +49,13 @@ struct Pressed {
         contract::letPass(100);
     }
     [[nodiscard]] HWND handle() const { return windowOf(window.handle); }
+    /// The place (60, 40) on the display.
+    static POINT middle() {
+        return {deviceEdge(60, displayScale()), deviceEdge(40, displayScale())};
+    }
+    static LPARAM middleInMessage() {
+        return MAKELPARAM(middle().x, middle().y); // NOLINT: the system's macro
+    }
 };
 
 void checkOneRelease(const Pressed& window) {
@@ -86,7 +95,7 @@ TEST_CASE("a window that is disabled while it is pressed has its press ended, on
 TEST_CASE("a press whose release was swallowed ends with the pointer's next move, once") {
     Pressed window({100, 100});
     window.press();
-    SendMessageW(window.handle(), WM_MOUSEMOVE, 0, MAKELPARAM(60, 40));
+    SendMessageW(window.handle(), WM_MOUSEMOVE, 0, Pressed::middleInMessage());
     checkOneRelease(window);
 }
 
@@ -101,6 +110,6 @@ TEST_CASE("a press and a release in order are told once each") {
 
 TEST_CASE("a release whose press was another window's isn't told") {
     Pressed window({100, 100});
-    SendMessageW(window.handle(), WM_LBUTTONUP, 0, MAKELPARAM(60, 40));
+    SendMessageW(window.handle(), WM_LBUTTONUP, 0, Pressed::middleInMessage());
     CHECK(window.releases.empty());
 }

@@ -1,5 +1,7 @@
 #include "tests/contract/reader.h"
 
+#include "platform/device_pixels.h"
+#include "platform/windows/display.h"
 #include "platform/windows/handles.h"
 #include "platform/windows/reader_calls.h"
 #include "platform/windows/utf16.h"
@@ -84,7 +86,8 @@ platform::Rect areaOf(const Held& thing, platform::WindowHandle window) {
     REQUIRE(thing->accLocation(&left, &top, &width, &height, thing.child()) == S_OK);
     POINT corner = {left, top};
     ScreenToClient(platform::windowOf(window), &corner);
-    return {corner.x, corner.y, corner.x + width, corner.y + height};
+    return platform::nearestEdges({corner.x, corner.y, corner.x + width, corner.y + height},
+                                  platform::displayScale());
 }
 
 LONG countOf(const Held& parent) {
@@ -136,7 +139,8 @@ std::vector<Read> readRows(platform::WindowHandle window, int thing) {
 }
 
 int thingAt(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
-    POINT place = {x, y};
+    POINT place = {platform::deviceEdge(x, platform::displayScale()),
+                   platform::deviceEdge(y, platform::displayScale())};
     ClientToScreen(platform::windowOf(window), &place);
     const Held whole = windowOf(window);
     VARIANT found = {};

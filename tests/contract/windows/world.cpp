@@ -1,6 +1,8 @@
 #include "tests/contract/world.h"
 
 #include "platform/desktop.h"
+#include "platform/device_pixels.h"
+#include "platform/windows/display.h"
 #include "platform/windows/handles.h"
 #include "tests/contract/tone.h"
 
@@ -47,6 +49,25 @@ fs::path pathOf(const std::string& name) {
     const fs::path path = folder() / name;
     fs::create_directories(path.parent_path());
     return path;
+}
+
+/// A client pixel on the display, for a window without a frame whose corner stands there.
+platform::Rect onDisplay(platform::Point corner, std::int32_t x, std::int32_t y) {
+    const double scale = platform::displayScale();
+    const platform::Rect place = platform::deviceRect(
+        {corner.x + x, corner.y + y, corner.x + x + 1, corner.y + y + 1}, scale);
+    const std::int32_t left = platform::deviceEdge(corner.x, scale);
+    const std::int32_t top = platform::deviceEdge(corner.y, scale);
+    return {place.left - left, place.top - top, place.right - left, place.bottom - top};
+}
+
+/// Whether half of an area at least lies in a region.
+bool isIn(HRGN region, const platform::Rect& area) {
+    int balance = 0;
+    for (std::int32_t y = area.top; y < area.bottom; ++y)
+        for (std::int32_t x = area.left; x < area.right; ++x)
+            balance += PtInRegion(region, x, y) != FALSE ? 1 : -1;
+    return balance >= 0;
 }
 
 /// Message boxes are dialogs of the system's own class.
@@ -124,7 +145,8 @@ void closeWhatIsOpen() {
 }
 
 void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
-    POINT place = {x, y};
+    const platform::Rect pixel = onDisplay({0, 0}, x, y);
+    POINT place = {pixel.left, pixel.top};
     ClientToScreen(platform::windowOf(window), &place);
     SetCursorPos(place.x, place.y);
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
@@ -134,7 +156,8 @@ void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
 platform::Rect outerArea(platform::WindowHandle window) {
     RECT area = {};
     GetWindowRect(platform::windowOf(window), &area);
-    return {area.left, area.top, area.right, area.bottom};
+    return platform::nearestEdges({area.left, area.top, area.right, area.bottom},
+                                  platform::displayScale());
 }
 
 bool isShown(platform::WindowHandle window) {
@@ -156,8 +179,10 @@ bool inShape(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
     GetClientRect(handle, &client);
     const HRGN shape = CreateRectRgn(0, 0, 0, 0);
     const bool cut = GetWindowRgn(handle, shape) != ERROR;
+    const platform::Rect outer = outerArea(window);
+    const platform::Rect pixel = onDisplay({outer.left, outer.top}, x, y);
     const bool inside =
-        cut ? PtInRegion(shape, x, y) != FALSE : PtInRect(&client, POINT{x, y}) != FALSE;
+        cut ? isIn(shape, pixel) : PtInRect(&client, {pixel.left, pixel.top}) != FALSE;
     DeleteObject(shape);
     return inside;
 }
