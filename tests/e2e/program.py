@@ -104,6 +104,9 @@ class Windows:
     about_frame = (3, 19, 3, 3)
     foreign_corner = (170, 54)  # at the top left, Wine's own window with the icons of the tray
 
+    def __init__(self):
+        self.display_changed = False
+
     def command(self, program, arguments):
         arguments = [self.path(one) if isinstance(one, pathlib.Path) else str(one)
                      for one in arguments]
@@ -140,21 +143,31 @@ class Windows:
         return None  # Wine draws its frames inside its windows
 
     def scaled(self, world, scale):
-        def set_up(pixels, managed):
-            settings = world.folder / "display.reg"
-            settings.write_text("\r\n".join([
-                "REGEDIT4", r"[HKEY_CURRENT_USER\Control Panel\Desktop]",
-                f'"LogPixels"=dword:{pixels:x}',
-                r"[HKEY_CURRENT_USER\Software\Wine\X11 Driver]", f'"Managed"={managed}', ""]))
-            quietly(WINE, "reg", "import", self.path(settings))
-        world.stack.callback(set_up, 96, "-")
+        if not self.display_changed:
+            world.stack.callback(self.display_as_usual, world)
+            self.display_changed = True
         # Without the window manager, as Wine sometimes takes the place of a window in its frame for
         # the one on the screen: a window that stands at its place by a press would jump by the drag.
-        set_up(round(96 * scale), '"N"')
+        self.set_display(world, round(96 * scale), '"N"')
         return {}
 
+    def set_display(self, world, pixels, managed):
+        settings = world.folder / "display.reg"
+        settings.write_text("\r\n".join([
+            "REGEDIT4", r"[HKEY_CURRENT_USER\Control Panel\Desktop]",
+            f'"LogPixels"=dword:{pixels:x}',
+            r"[HKEY_CURRENT_USER\Software\Wine\X11 Driver]", f'"Managed"={managed}', ""]))
+        quietly(WINE, "reg", "import", self.path(settings))
+
+    def display_as_usual(self, world):
+        self.set_display(world, 96, "-")
+        self.new_session()  # the old one's tray may have been made for the other display
+
     def work_area_changes(self):
-        # Wine asks for it once, at the start of its session.
+        self.new_session()  # Wine asks for it once, at the start
+
+    def new_session(self):
+        """Ends Wine's session, and all that runs in it."""
         environment = {**os.environ, "WINEPREFIX": os.path.expandvars("$HOME/wine")}
         for option in ("-k", "-w", "-p"):
             quietly("wineserver", option, env=environment)
