@@ -35,9 +35,7 @@ const platform::Picture& Artwork::natural() const {
     return natural_;
 }
 
-bool Artwork::opaque() const {
-    return natural().empty() || opaque_;
-}
+bool Artwork::opaque() const { return natural().empty() || opaque_; }
 
 const platform::Picture& Artwork::larger(std::int32_t times) const {
     if (made_ == nullptr) made_ = std::make_shared<Made>();
