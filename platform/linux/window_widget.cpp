@@ -33,7 +33,7 @@
 namespace platform {
 namespace {
 
-constexpr int settlingTime = 1000; // ms, in which a window manager has answered
+constexpr int settlingTime = 1000; // ms, in which a window manager should have answered
 
 std::int64_t milliseconds() {
     static const QElapsedTimer clock = [] {
@@ -303,16 +303,19 @@ bool WindowWidget::standsAgain(Point placed) {
     ownMoves_.note(placed, milliseconds()); // it may be told more than once
     ownMoves_.note(place_, milliseconds());
     move(place_.x, place_.y);
+    seenAt_.reset();
     settling_.start(settlingTime, this);
     return true;
 }
 
-/// One that refuses the place leaves the window where it stood, and needn't say so.
+/// One that refuses the place leaves the window where it stood, and needn't say so. What is seen
+/// twice isn't on its way elsewhere.
 void WindowWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() != settling_.timerId()) return QWidget::timerEvent(event);
     settling_.stop();
     const Point now = truePlace();
     if (!isVisible() || isRounded(now, place_)) return;
+    if (std::exchange(seenAt_, now) != now) return settling_.start(settlingTime, this);
     ownMoves_.forget(); // what was asked for, should it come after all, is news
     take(now);
 }
@@ -394,6 +397,7 @@ void WindowWidget::tellPress(const QMouseEvent& event, bool secondPress) {
     static const WindowWidget* pressedLast = nullptr;
     const bool sameWindow = std::exchange(pressedLast, this) == this;
     exposuresUntilPlaced_ = 0;
+    settling_.stop();
     takeTruePlace(event);
     tellPointer(PointerAction::Press, event, secondPress && sameWindow);
 }

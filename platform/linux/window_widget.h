@@ -101,6 +101,7 @@ class WindowWidget : public QWidget {
     OwnMoves ownMoves_;
     int exposuresUntilPlaced_ = 0; ///< 0 once the window manager has placed what it shows
     QBasicTimer settling_; ///< runs until the window manager must have said where the window stands
+    std::optional<Point> seenAt_; ///< where the display had the window instead of at its place
     bool besideMain_ = false;
     Tooltip tooltip_;
     int wheelRemainder_ = 0;

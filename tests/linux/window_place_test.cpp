@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QWindow>
 
@@ -35,6 +36,12 @@ class Shown {
         QCoreApplication::processEvents(); // and that of what the window made of it
     }
     void playerPutsItAt(Point place) { window_->place(place, {276, 82}); }
+    void isPressedAt(Point place) {
+        const QPointF inside(10, 10);
+        QMouseEvent press(QEvent::MouseButtonPress, inside, inside + QPointF(place.x, place.y),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window_, &press);
+    }
     [[nodiscard]] Point standsAt() const { return {window_->pos().x(), window_->pos().y()}; }
     [[nodiscard]] std::optional<Point> told() const { return told_; }
 
@@ -44,7 +51,7 @@ class Shown {
     }
     /// Runs events for longer than the window waits for the window manager's word.
     void settle() {
-        run([] { return false; }, 1500);
+        run([] { return false; }, 2500);
     }
 
   private:
@@ -113,4 +120,13 @@ TEST_CASE("a window that the player has moved since isn't where it was first put
     window.windowManagerPutsItAt(above); // an echo that comes late
     window.settle();
     CHECK(window.told() == Point{300, 300});
+}
+
+TEST_CASE("a window that is pressed at its place isn't elsewhere a moment later") {
+    Shown window;
+    window.windowManagerPutsItAt(above);
+    window.windowManagerPutsItAt(above);
+    window.isPressedAt(wanted);
+    window.settle();
+    CHECK_FALSE(window.told().has_value());
 }
