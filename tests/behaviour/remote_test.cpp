@@ -204,3 +204,20 @@ TEST_CASE("the desktop may not ask a second copy for anything") {
     player.start();
     CHECK_FALSE(world.remote.events);
 }
+
+TEST_CASE("a desktop that asks once the player has gone gets no place and starts nothing") {
+    platform::RemoteEvents kept;
+    {
+        Player player;
+        player.play({A});
+        simulated::advance(5000);
+        kept = world.remote.events.value();
+        CHECK(kept.position() > 4000);
+        world.media.forgetCommands();
+    }
+    CHECK(kept.position() == 0);
+    kept.asked(RemoteRequest::Next);
+    kept.seek(1000);
+    kept.volume(0.5);
+    CHECK(world.media.commands().empty());
+}
