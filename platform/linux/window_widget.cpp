@@ -238,6 +238,10 @@ bool WindowWidget::event(QEvent* event) {
         cutTo_ = {};
         fitShape();
     }
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+    // From there on the screen tells of its new scale before its windows have it.
+    if (event->type() == QEvent::DevicePixelRatioChange && windowHandle() != nullptr) followScale();
+#endif
     // Tab is a key like any other here: there is nothing inside to move the focus to.
     if (event->type() == QEvent::KeyPress) {
         keyPressEvent(static_cast<QKeyEvent*>(event));
