@@ -101,11 +101,23 @@ class Windows:
     # Seconds by which Wine's sound may begin late, which are missing at the end then.
     late_sound = 0.8
     sets_settings_aside = True  # until the new ones have their name
-    about_frame = (3, 19, 3, 3)
     foreign_corner = (170, 54)  # at the top left, Wine's own window with the icons of the tray
 
     def __init__(self):
         self.display_changed = False
+
+    @property
+    def own_folder(self):
+        """Wine's folder on the host."""
+        return pathlib.Path.home() / "wine"
+
+    @property
+    def about_frame(self):
+        # Each Wine has a height of its own for small captions.
+        settings = (self.own_folder / "user.reg").read_text(errors="replace")
+        height = int(re.search(r'^"SmCaptionHeight"="(\d+)"', settings, re.MULTILINE)[1])
+        edge, border = 3, 1
+        return (edge, edge + height + border, edge, edge)
 
     def command(self, program, arguments):
         arguments = [self.path(one) if isinstance(one, pathlib.Path) else str(one)
@@ -124,8 +136,9 @@ class Windows:
         return self.path(host)
 
     def pick_folder(self, world, folder):
-        # The dialog is a tree without a place to type a path; its root is the home folder.
-        link = pathlib.Path.home() / folder.name
+        # The dialog is a tree without a place to type a path; its root is the desktop's folder, which
+        # is the home folder for some Wines.
+        link = self.own_folder / "drive_c/users" / getpass.getuser() / "Desktop" / folder.name
         link.symlink_to(folder)
         world.stack.callback(link.unlink)
         quietly("xdotool", "key", "shift+Tab", "key", "Home")
@@ -168,7 +181,7 @@ class Windows:
 
     def new_session(self):
         """Ends Wine's session, and all that runs in it."""
-        environment = {**os.environ, "WINEPREFIX": os.path.expandvars("$HOME/wine")}
+        environment = {**os.environ, "WINEPREFIX": str(self.own_folder)}
         for option in ("-k", "-w", "-p"):
             quietly("wineserver", option, env=environment)
 
