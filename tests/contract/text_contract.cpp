@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <string>
 
 using namespace platform;
 
@@ -92,7 +93,7 @@ TEST_CASE("text leaves an opaque picture opaque, in shades of its own colour") {
 TEST_CASE("a text of a larger scale measures the same, and takes as many times the room") {
     for (const char* const face : {"MS Sans Serif", "Terminal", "Tahoma"})
         for (const double scale : {1.25, 1.5, 2.0, 3.0}) {
-            CAPTURE(face);
+            CAPTURE(std::string(face));
             CAPTURE(scale);
             const Font font{face, 9, false, false};
             Font scaled = font;

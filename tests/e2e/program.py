@@ -171,10 +171,12 @@ class Windows:
             f'"LogPixels"=dword:{pixels:x}',
             r"[HKEY_CURRENT_USER\Software\Wine\X11 Driver]", f'"Managed"={managed}', ""]))
         quietly(WINE, "reg", "import", self.path(settings))
+        # A newer Wine asks for these at its start alone, and the old session's tray may have been made
+        # for the other display.
+        self.new_session()
 
     def display_as_usual(self, world):
         self.set_display(world, 96, "-")
-        self.new_session()  # the old one's tray may have been made for the other display
 
     def work_area_changes(self):
         self.new_session()  # Wine asks for it once, at the start
