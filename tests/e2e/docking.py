@@ -6,7 +6,7 @@ import time
 
 from desk import CROSS, GRIP, LIST_KEY, MINIMISE, Desk, inside, settings_line, xdotool
 from scenario import scenario
-from world import Screenshot, Window, check, output_of, wait_until
+from world import Screenshot, Window, activate, check, output_of, wait_until
 
 
 @scenario("the main window docks from 14 pixels above the playlist, stays at 15, and lines up",
@@ -304,7 +304,8 @@ def whole_picture(world):
           managed=True)
 def closed_from_outside(world):
     desk = Desk(world, (300, 300), (300, 382))
-    xdotool("windowactivate", "--sync", desk.list_number, "key", "alt+F4")
+    activate(desk.list_number, desk.player)
+    xdotool("key", "alt+F4")
     desk.closed()
     desk.open()
     desk.stands((300, 300), (300, 382))

@@ -9,7 +9,7 @@ from menus import (ABOUT, DIRECTORY, EXIT, FILE, MAXIMIZED, NEXT_ENTRY, OPEN_DIR
 from scenario import scenario
 from sessions import (NEXT, OPEN_TITLE, PLAY, QUIT, click, face_at, list_field, settings_line, start,
                       tones_heard, xdotool)
-from world import SETTINGS, Screenshot, check, output_of, wait_until
+from world import SETTINGS, Screenshot, activate, check, output_of, wait_until
 
 OPEN, MINIMISE, PLAYLIST, STOP = (110, 55), (252, 8), (255, 55), (65, 55)
 ABOUT_TITLE = "About Orvan Music Player"
@@ -55,7 +55,8 @@ def answer(player, dialog, text):
 
 
 def escape(player, dialog):
-    xdotool("windowactivate", "--sync", dialog.number, "key", "Escape")
+    activate(dialog.number, player)
+    xdotool("key", "Escape")
     wait_until_gone(player, dialog, "the dialog to close")
 
 

@@ -73,6 +73,14 @@ def shown_windows(process):
     return wait_until(found, "a search for windows that none disturbs")[0]
 
 
+def activate(number, player):
+    """Has the window manager give a window the keyboard. Where none has it for a moment, xdotool's own
+    waiting gives up."""
+    subprocess.run(["xdotool", "windowactivate", number], check=True)
+    wait_until(lambda: output_of("xdotool", "getactivewindow").decode().strip() == number,
+               "the keyboard in a window", player)
+
+
 def facts_of(number, *more):
     """What the display tells of a window; nothing if there is no such window."""
     return dict(line.strip().rsplit(": ", 1)
