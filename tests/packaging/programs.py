@@ -50,7 +50,8 @@ def imports(path, word):
     for line in listing.decode().splitlines():
         if name := re.match(r"\s+DLL Name: (\S+)", line):
             library = name[1].lower()
-        elif entry := re.match(r"\t[0-9a-f]+\s+\d+\s+(\S+)$", line):
+        # A newer listing has the ordinal first, where there is one.
+        elif entry := re.match(r"\t[0-9a-f]+\s+(?:<none>\s+)?[0-9a-f]+\s+(\S+)$", line):
             found.add((library, entry[1]))
         elif not line.strip():
             library = None
