@@ -9,6 +9,7 @@ import subprocess
 MACHINES = {"x86": 0x014C, "x64": 0x8664}
 WINDOWS = 2  # a subsystem: no console
 TOOLS = {"x86": "i686-w64-mingw32-objdump", "x64": "x86_64-w64-mingw32-objdump"}
+COMPILER = "x86_64-w64-mingw32-g++"
 
 RUNTIMES = {"x86": "mingw-w64-i686-dev", "x64": "mingw-w64-x86-64-dev"}
 
@@ -59,4 +60,11 @@ def imports(path, word):
 
 
 def allowed_imports():
-    return {tuple(line.split()) for line in IMPORTS.read_text().splitlines()}
+    """What the programs call, and of the compiler's own runtime what this release of it does."""
+    told = subprocess.run([COMPILER, "-dumpversion"], check=True, stdout=subprocess.PIPE).stdout
+    compiler = re.match(r"\d+", told.decode())[0]
+    runtime = IMPORTS.with_suffix(f".gcc{compiler}")
+    if not runtime.exists():
+        raise AssertionError(f"nobody has listed yet what the runtime of GCC {compiler} calls")
+    return {tuple(line.split()) for file in (IMPORTS, runtime)
+            for line in file.read_text().splitlines()}
