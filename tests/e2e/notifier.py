@@ -51,6 +51,16 @@ class BusTray:
             self.says("done")
 
 
+def hidden_behind_an_icon(world, *desktop):
+    """A tray on the message bus, and a player that has hidden behind its icon there."""
+    tray = BusTray(world, *desktop)
+    player, window = start_with(world)
+    tray.says("icon")
+    click(window, MINIMISE)
+    wait_until_gone(player, window, "the window to hide")
+    return tray, player, window
+
+
 @scenario("a tray on the message bus has the icon: two calls bring the hidden window back, one doesn't",
           only="linux", because=ONLY_THERE,
           managed=True)
@@ -87,11 +97,7 @@ def menu_from_the_bus(world):
 @scenario("a desktop that shows the icon's menu itself runs every entry's own handler",
           only="linux", because=ONLY_THERE)
 def menu_shown_by_the_desktop(world):
-    tray = BusTray(world)
-    player, window = start_with(world)
-    tray.says("icon")
-    click(window, MINIMISE)
-    wait_until_gone(player, window, "the window to hide")
+    tray, player, _ = hidden_behind_an_icon(world)
     tray.call("Pick Maximized")
     player.face()
     for entry, title in (("Open File", OPEN_TITLE), ("Open Directory", player.build.folder_title)):
@@ -106,11 +112,7 @@ def menu_shown_by_the_desktop(world):
 @scenario("where the desktop tells of double clicks only, one call brings the hidden window back",
           only="linux", because=ONLY_THERE)
 def restores_by_one_call(world):
-    tray = BusTray(world, "--gnome")
-    player, window = start_with(world)
-    tray.says("icon")
-    click(window, MINIMISE)
-    wait_until_gone(player, window, "the window to hide")
+    tray, player, _ = hidden_behind_an_icon(world, "--gnome")
     tray.call("Activate")
     quit_player(player, player.face())
 
@@ -160,11 +162,7 @@ def restarted_bus_tray(world):
 @scenario("an icon is there again once its desktop has its tray back, as after a locked screen",
           only="linux", because=ONLY_THERE)
 def tray_behind_a_locked_screen(world):
-    tray = BusTray(world, "--gnome")
-    player, window = start_with(world)
-    tray.says("icon")
-    click(window, MINIMISE)
-    wait_until_gone(player, window, "the window to hide")
+    tray, player, _ = hidden_behind_an_icon(world, "--gnome")
     for _ in range(2):
         tray.call("Close", "Open")
         tray.says("icon")
