@@ -70,12 +70,13 @@ function(orvan_test_suite name label)
     endif()
 endfunction()
 
-# orvan_private_desktop(NAME DIR LABEL [MANAGER]): a virtual desktop, under another window manager
-# than openbox if one is named, that the tests with this fixture share,
-# one after the other. CTest starts it before the first of them and stops it after the last; if it
-# can't start, they fail.
+# orvan_private_desktop(NAME LABEL [MANAGER]): a virtual desktop, under another window manager than
+# openbox if one is named, that the tests with this fixture share, one after the other. CTest starts
+# it before the first of them and stops it after the last; if it can't start, they fail. It lies in
+# the folder NAME of the build.
 set(ORVAN_DESKTOP ${CMAKE_CURRENT_LIST_DIR}/desktop)
-function(orvan_private_desktop name dir label)
+function(orvan_private_desktop name label)
+    set(dir ${CMAKE_BINARY_DIR}/${name})
     add_test(NAME "${name}: starts" COMMAND ${ORVAN_DESKTOP}/desktop start ${dir} ${ARGN})
     add_test(NAME "${name}: stops" COMMAND ${ORVAN_DESKTOP}/desktop stop ${dir})
     set_tests_properties("${name}: starts" PROPERTIES
@@ -85,26 +86,30 @@ function(orvan_private_desktop name dir label)
     orvan_needs(${name} packages test desktop)
 endfunction()
 
-# One for the program for Linux, and beside it one for the program for Windows.
-set(ORVAN_DESKTOP_DIR ${CMAKE_BINARY_DIR}/desktop)
-set(ORVAN_DISPLAY_TEST LABELS display FIXTURES_REQUIRED desktop RESOURCE_LOCK desktop TIMEOUT 300)
-set(ORVAN_WINE_DESKTOP_DIR ${CMAKE_BINARY_DIR}/wine-desktop)
-set(ORVAN_WINE_TEST LABELS wine RESOURCE_LOCK wine-desktop)
+# What a test on a desktop is started with and told to CTest as: orvan_on_desktop(NAME LABEL LAUNCHER
+# PROPERTIES), the last two being variables to set.
+function(orvan_on_desktop name label launcher properties)
+    set(${launcher} ${ORVAN_DESKTOP}/launcher ${CMAKE_BINARY_DIR}/${name} PARENT_SCOPE)
+    set(${properties} LABELS ${label} FIXTURES_REQUIRED ${name} RESOURCE_LOCK ${name} TIMEOUT 300
+        PARENT_SCOPE)
+endfunction()
 
-# orvan_desktop_suite(NAME LIBRARIES...): a suite whose tests run in that desktop, with a display, a
-# window manager and a sound server whose output can be recorded.
+# orvan_desktop_suite(NAME LIBRARIES...): a suite whose tests run in the fixture "desktop", with a
+# display, a window manager and a sound server whose output can be recorded.
 function(orvan_desktop_suite name)
+    orvan_on_desktop(desktop display launcher properties)
     # Known before the suite is made: its tests are written down with it.
-    list(APPEND CMAKE_CROSSCOMPILING_EMULATOR ${ORVAN_DESKTOP}/launcher ${ORVAN_DESKTOP_DIR})
-    orvan_add_suite(${name} display "${ORVAN_DISPLAY_TEST}" ${ARGN})
+    list(APPEND CMAKE_CROSSCOMPILING_EMULATOR ${launcher})
+    orvan_add_suite(${name} display "${properties}" ${ARGN})
     orvan_needs(${name} packages test desktop)
 endfunction()
 
-# orvan_scenarios(SUITE SCRIPT SUBJECT [SYSTEM SYSTEM [WHICH]] [UNDER COMMAND...] [AFTER FIXTURE...]
-# PROPERTIES ...): one test a scenario of a Python script, named by its sentence, each run on the
-# subject; of the scenarios for one system, if one is given.
-function(orvan_scenarios suite script subject)
-    cmake_parse_arguments(PARSE_ARGV 3 tests "" "" "SYSTEM;UNDER;AFTER;PROPERTIES")
+# orvan_scenarios(SUITE SCRIPT SUBJECT LABEL [SYSTEM SYSTEM [WHICH]] [ON DESKTOP...]
+# [AFTER FIXTURE...]): one test a scenario of a Python script, named by its sentence, each run on the
+# subject; of the scenarios for one system, if one is given. They are shared out among the desktops,
+# which are tested side by side.
+function(orvan_scenarios suite script subject label)
+    cmake_parse_arguments(PARSE_ARGV 4 tests "" "" "SYSTEM;ON;AFTER")
     get_filename_component(folder ${script} DIRECTORY)
     file(GLOB modules CONFIGURE_DEPENDS ${folder}/*.py)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${modules})
@@ -112,11 +117,19 @@ function(orvan_scenarios suite script subject)
     execute_process(COMMAND ${Python3_EXECUTABLE} -B ${script} --list ${tests_SYSTEM}
         OUTPUT_VARIABLE sentences OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
     string(REPLACE "\n" ";" sentences "${sentences}")
+    set(desktops ${tests_ON})
     foreach(sentence IN LISTS sentences)
+        set(launcher "")
+        set(properties LABELS ${label} TIMEOUT 300)
+        if(desktops)
+            list(POP_FRONT desktops desktop)
+            list(APPEND desktops ${desktop})
+            orvan_on_desktop(${desktop} ${label} launcher properties)
+        endif()
         set(name "${suite}: ${sentence}")
         add_test(NAME ${name}
-            COMMAND ${tests_UNDER} ${Python3_EXECUTABLE} -B ${script} ${subject} ${sentence})
-        set_tests_properties(${name} PROPERTIES ${tests_PROPERTIES})
+            COMMAND ${launcher} ${Python3_EXECUTABLE} -B ${script} ${subject} ${sentence})
+        set_tests_properties(${name} PROPERTIES ${properties})
         set_property(TEST ${name} APPEND PROPERTY FIXTURES_REQUIRED ${tests_AFTER})
     endforeach()
 endfunction()
