@@ -24,8 +24,8 @@ def run(command, **options):
     return subprocess.run(command, capture_output=True, text=True, **options)
 
 
-def must(command):
-    done = run(command, cwd=SOURCES)
+def must(command, folder=None):
+    done = run(command, cwd=folder or SOURCES)
     if done.returncode:
         raise SystemExit(f"{shlex.join(map(str, command))}\n{done.stdout}{done.stderr}")
     return done.stdout
@@ -44,6 +44,17 @@ def refusal(compiled):
     raise SystemExit(f"the compiler ended with {compiled.returncode}: {compiled.stderr}")
 
 
+# What the linker tells of an object that it took from a library, in either of two ways.
+MEMBER = r"\(?(\S+\.a)[()](\S+\.o)"
+
+
+def member(place):
+    """The library that an object of the build goes into, and its name there."""
+    home, _, rest = place.partition("/CMakeFiles/")
+    target, _, name = rest.partition(".dir/")
+    return f"{home}/lib{target}.a", pathlib.PurePath(name).name
+
+
 class Suite:
     """A test program: how it is linked, and its slow tests."""
 
@@ -54,6 +65,7 @@ class Suite:
         commands = must(["ninja", "-C", BUILD, "-t", "commands", place])
         line = next(line for line in reversed(commands.splitlines()) if f"-o {place} " in line)
         self.link = shlex.split(line.split("&&")[1])
+        self.members = self.members_of(BUILD)
         told = run([self.program, "-d", "-nc"]).stdout
         seconds = {test: float(time)
                    for time, test in re.findall(r"^([\d.]+) s: (.*)$", told, re.M)}
@@ -62,12 +74,22 @@ class Suite:
                              for test, time in seconds.items() if time > SLOW)
         self.seconds = sum(seconds.values())
 
-    def linked(self, objects, libraries, target):
-        """Links the program with these objects and libraries in place of its own."""
-        instead = {**objects, **libraries}
-        words = [str(instead.get(word, word)) for word in self.link]
+    def members_of(self, build):
+        """What the program takes from libraries."""
+        return set(re.findall(MEMBER, must([*self.link, "-Wl,-t,-t"], build)))
+
+    def own(self, objects):
+        """Those of the objects that the program has, in itself or from a library."""
+        return {place: made for place, made in objects.items()
+                if place in self.link or member(place) in self.members}
+
+    def linked(self, objects, target, build=BUILD):
+        """Links the program with these objects of its own in place of the ones that it has. They go
+        first: of a function that many objects hold a copy of, the first copy is the one that runs."""
+        words = [word for word in self.link if word not in objects]
         words[words.index("-o") + 1] = str(target)
-        return run(words, cwd=BUILD)
+        words[1:1] = map(str, objects.values())
+        return run(words, cwd=build)
 
     def passes(self, program):
         """Whether every test passes, the quick ones first; one that never ends does not."""
@@ -137,40 +159,28 @@ class Baseline:
         overlay.parent.mkdir(parents=True)
         overlay.write_text(change.applied((SOURCES / change.path).read_text()))
         objects = {}
+        objects_in.mkdir()
         for number, name in enumerate(self.concerned(change.path)):
-            # Named as in its library, where it takes the place of the other one.
-            made = objects_in / str(number) / f"{pathlib.Path(name).name}.o"
-            made.parent.mkdir(parents=True)
+            made = objects_in / f"{number}.o"
             compiled = self.compiled(name, changed, made)
             if compiled.returncode:
                 return refusal(compiled)
             command = self.compilers[name]
             objects[command[command.index("-o") + 1]] = made
-        libraries = self.with_objects(objects, objects_in)
         first = FIRST.get(change.path.split("/")[0], "behaviour")
         for name in sorted(SUITES, key=lambda suite: suite != first):
             suite = self.suites[name]
+            own = suite.own(objects)
+            if not own:
+                continue
             program = programs / name
-            linked = suite.linked(objects, libraries, program)
+            linked = suite.linked(own, program)
             if linked.returncode:
                 return "does not link", first_line(linked.stderr)
             if not suite.passes(program):
                 return "killed", ""
             program.unlink()
         return "survived", ""
-
-    def with_objects(self, objects, folder):
-        """Copies of the libraries that hold the objects, with these in place of what they had."""
-        libraries = {}
-        for place, made in objects.items():
-            home, _, rest = place.partition("/CMakeFiles/")
-            own = f"{home}/lib{rest.split('.dir/')[0]}.a"
-            if not (BUILD / own).exists():
-                continue  # of a test program
-            if own not in libraries:
-                libraries[own] = shutil.copy(BUILD / own, folder)
-            must(["ar", "r", libraries[own], made])
-        return libraries
 
     def compiled(self, name, folder, made):
         """Compiles a source, with what is changed in the folder put before everything else."""

@@ -3,6 +3,7 @@ machine's told as one of the change that it tries."""
 
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -74,7 +75,10 @@ class Runs(InAFolder):
 class Suite:
     """Links by writing a file, and lets every change survive."""
 
-    def linked(self, objects, libraries, target):
+    def own(self, objects):
+        return objects
+
+    def linked(self, objects, target):
         target.write_text("")
         return subprocess.CompletedProcess([], 0, "", "")
 
@@ -108,6 +112,52 @@ class Trials(InAFolder):
                 source.write_text("void f() {\n    g();\n}\n")
                 change, = changes.of(f"{folder}/a.cpp", source.read_text())
                 self.assertEqual(Unbuilt().outcome_of(change), ("survived", ""))
+
+
+class Links(InAFolder):
+    """Programs of a test's object and a library's, which both hold a copy of the same function."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("f.h", "inline int f() { return 0; }\n")
+        self.write("own.cpp", '#include "f.h"\nint g();\nint main() { return f() + g(); }\n')
+        self.write("g.cpp", '#include "f.h"\nint g() { return f(); }\n')
+        self.write("unused.cpp", '#include "f.h"\nint h() { return f(); }\n')
+        for place in ("own", "lib/CMakeFiles/far.dir/g", "lib/CMakeFiles/far.dir/unused"):
+            self.compile(f"{pathlib.Path(place).name}.cpp", f"{place}.cpp.o")
+        self.must("ar", "rc", "lib/libfar.a", "lib/CMakeFiles/far.dir/g.cpp.o",
+                  "lib/CMakeFiles/far.dir/unused.cpp.o")
+
+    def write(self, name, text):
+        (self.folder / name).write_text(text)
+
+    def must(self, *command):
+        return subprocess.run(command, cwd=self.folder, check=True)
+
+    def compile(self, source, place):
+        (self.folder / place).parent.mkdir(parents=True, exist_ok=True)
+        self.must("c++", "-O0", "-c", source, "-o", place)
+
+    def suite(self, *options):
+        suite = baseline.Suite.__new__(baseline.Suite)
+        suite.link = ["c++", *options, "own.cpp.o", "-o", "program", "lib/libfar.a"]
+        suite.members = suite.members_of(self.folder)
+        return suite
+
+    def test_a_changed_function_of_a_header_runs_also_where_a_test_holds_the_old_one(self):
+        self.write("f.h", "inline int f() { return 1; }\n")
+        self.compile("g.cpp", "fresh.o")
+        objects = {"lib/CMakeFiles/far.dir/g.cpp.o": self.folder / "fresh.o",
+                   "lib/CMakeFiles/far.dir/unused.cpp.o": self.folder / "none.o",
+                   "another.cpp.o": self.folder / "none.o"}
+        linkers = [[], ["-fuse-ld=lld"]] if shutil.which("ld.lld") else [[]]
+        for options in linkers:
+            suite = self.suite(*options)
+            own = suite.own(objects)
+            self.assertEqual(list(own), ["lib/CMakeFiles/far.dir/g.cpp.o"])
+            program = self.folder / "changed"
+            self.assertEqual(suite.linked(own, program, self.folder).returncode, 0)
+            self.assertEqual(subprocess.run([program]).returncode, 2)
 
 
 class Refusals(unittest.TestCase):
