@@ -5,6 +5,9 @@
 class FrmPlayer;
 
 /// Adds a track: its path to the player's array, its title to the playlist, then the count. Error 6
-/// for the 32768th. Every way of adding takes its tracks here: what they do in another order can't
-/// be seen from outside. Interface thread.
+/// for the 32768th, which stands in the list then. Interface thread.
 void addTrack(FrmPlayer& player, const std::string& path, const std::string& title);
+
+/// The same for files of the open dialog, which count before they are listed: of a 32768th the list
+/// is never told.
+void addCountedTrack(FrmPlayer& player, const std::string& path, const std::string& title);

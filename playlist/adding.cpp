@@ -23,7 +23,7 @@ using Pieces = runtime::DynamicArray<std::string>;
 
 void addPickedFile(FrmPlayer& player, const std::string& path) {
     const std::string title = runtime::fileTitleOf(path);
-    addTrack(player, path, title);
+    addCountedTrack(player, path, title);
     player.lastFolder = path.substr(0, path.size() - title.size());
     player.playlist().List1.ListIndex(player.trackCount - 1);
 }
@@ -34,7 +34,7 @@ void addPickedFolder(FrmPlayer& player, const Pieces& pieces, runtime::Int16 n) 
     player.savedTrackList = player.lastFolder + '\0';
     for (runtime::Int16 i = 1; i < n; i += 1) {
         player.savedTrackList += pieces[i] + '\0';
-        addTrack(player, player.lastFolder + "\\" + pieces[i], pieces[i]);
+        addCountedTrack(player, player.lastFolder + "\\" + pieces[i], pieces[i]);
     }
     toolkit::ListBox& list = player.playlist().List1;
     list.ListIndex(list.ListCount() - n + 1);

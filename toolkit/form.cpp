@@ -43,7 +43,9 @@ void Form::load() {
     bounds_ = data_.bounds;
     if (data_.centred) centre();
     createWindow();
-    if (Load) Load();
+    if (!Load) return;
+    Load();
+    endIfGone(); // a message in there may have seen the window go
 }
 
 void Form::centre() {

@@ -243,6 +243,7 @@ TEST_CASE("the 32768th track of a folder walk is the fatal end") {
     world.dialogs.pickFolder("C:\\Music");
     CHECK(fatalMessageOf([&] { player.frmPlayer().opendir(); }) == "Run-time error 6: Overflow");
     CHECK(player.frmPlayer().trackCount == 32767);
+    CHECK(player.list().List(32767) == "b.mp3"); // listed before it counts
 }
 
 TEST_CASE("the 32768th folder of a walk is the fatal end, and adds nothing") {

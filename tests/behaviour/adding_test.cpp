@@ -252,9 +252,10 @@ TEST_CASE("files can be added past the 16384th track, and the 32768th is the fat
     CHECK(player.frmPlayer().trackCount == 32767);
     CHECK(player.list().ListIndex() == 32766);
     CHECK(world.media.openPath() == A);
-    world.dialogs.pickFiles({B});
+    world.dialogs.pickFiles({"D:\\Other\\b.mp3"});
     CHECK(fatalMessageOf([&] { player.frmPlayer().openfiles(); }) == "Run-time error 6: Overflow");
     CHECK(player.frmPlayer().trackCount == 32767);
+    CHECK(player.frmPlayer().lastFolder == "C:\\Music\\");
 }
 
 TEST_CASE("the 32768th track among several files picked is the fatal end") {
@@ -264,4 +265,6 @@ TEST_CASE("the 32768th track among several files picked is the fatal end") {
     world.dialogs.pickFiles({A, B});
     CHECK(fatalMessageOf([&] { player.frmPlayer().openfiles(); }) == "Run-time error 6: Overflow");
     CHECK(player.frmPlayer().trackCount == 32767);
+    CHECK(player.frmPlayer().savedTrackList ==
+          "C:\\Music" + nul() + "a.mp3" + nul() + "b.mp3" + nul());
 }

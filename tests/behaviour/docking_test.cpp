@@ -109,6 +109,28 @@ TEST_CASE("a docked playlist keeps its offset through a drag of the main window"
     CHECK(windows.stacked());
 }
 
+TEST_CASE("a playlist is docked before it moves to its dock") {
+    for (const bool beside : {true, false}) {
+        CAPTURE(beside);
+        WindowPair windows({300, 300}, {700, 500});
+        const std::string moves = "move window " + std::to_string(windows.player.playlistWindow());
+        windows.takeList();
+        int looks = 0;
+        world.watch = [&](const std::string& note) {
+            if (note != moves) return;
+            ++looks;
+            CHECK((beside ? windows.beside() : windows.stacked()));
+        };
+        if (beside)
+            WindowPair::dragTo(586, 305);
+        else
+            WindowPair::dragTo(305, 392);
+        world.watch = nullptr;
+        CHECK(looks == 1);
+        simulated::release();
+    }
+}
+
 TEST_CASE("a drag of the main window never undocks") {
     WindowPair windows({300, 300}, {300, 382});
     CHECK(windows.stacked());

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 using behaviour::endsTheProcess;
 using behaviour::fatalMessageOf;
@@ -126,4 +127,25 @@ TEST_CASE("an entry less makes room for one more in a full list") {
     CHECK(player.list().ListIndex() == 32766);
     CHECK(player.frmPlayer().trackPaths[32766] == A);
     CHECK(world.media.openPath() == A);
+}
+
+TEST_CASE("a play that finds no track, and room for none in what is picked for it, tells of it") {
+    for (const bool several : {false, true}) {
+        CAPTURE(several);
+        Player player;
+        player.start();
+        // Both windows are alive while the dialog is open.
+        std::vector<std::string> picked = {"D:\\Other\\b.mp3"};
+        if (several) picked.emplace_back("D:\\Other\\c.mp3");
+        world.dialogs.pickFiles(picked, [&] { fill(player); });
+        player.frmPlayer().startfile();
+        REQUIRE(world.messages.shown.size() == 1);
+        CHECK(world.messages.shown[0].text == "Error: 6. Overflow");
+        CHECK(player.frmPlayer().trackCount == 32767);
+        CHECK(player.list().ListCount() == 32767);
+        CHECK(player.frmPlayer().lastFolder == (several ? "D:\\Other" : "C:\\Music\\"));
+        // It lives on.
+        player.frmPlayer().nextfile();
+        CHECK(world.messages.fatal.empty());
+    }
 }

@@ -34,3 +34,20 @@ TEST_CASE("a released seek thumb starts the tick again once the device has been 
     CHECK(sent);
     CHECK(form.Timer1.Enabled());
 }
+
+TEST_CASE("a pressed seek thumb stops the tick, asks for the place, and is held from then on") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    FrmPlayer& form = player.frmPlayer();
+    int questions = 0;
+    world.watch = [&](const std::string& note) {
+        if (note != "send status mpeg position" || ++questions > 1) return;
+        CHECK_FALSE(form.Timer1.Enabled());
+        CHECK_FALSE(form.mouseHeld);
+    };
+    player.press(form.pctprogressbar);
+    world.watch = nullptr;
+    CHECK(questions > 0);
+    CHECK(form.mouseHeld);
+    simulated::release();
+}

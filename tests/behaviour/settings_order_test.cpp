@@ -1,3 +1,4 @@
+#include "mainwindow/alarm.h"
 #include "tests/behaviour/player.h"
 
 #include <cstddef>
@@ -30,6 +31,17 @@ std::string fatalStartWith(std::size_t first, const std::string& text, std::size
     return fatalMessageOf([&] { player.start(); }).value_or("none");
 }
 
+/// What the windows have done, and what the player holds meanwhile, at each move of a window.
+struct Move {
+    bool ofMain;
+    platform::Point from; // screen pixels
+    int tracks;
+    int alarmHour;
+    bool armed;
+
+    bool operator==(const Move&) const = default;
+};
+
 bool starts(const std::string& message, const std::string& start) {
     return message.starts_with("Run-time error " + start);
 }
@@ -52,4 +64,27 @@ TEST_CASE("a track list that lacks its end is met behind the volume and before t
     const std::string noEnd = "C:\\a.mp3";
     CHECK(starts(fatalStartWith(2, noNumber, 3, noEnd), "13"));
     CHECK(starts(fatalStartWith(3, noEnd, 4, noNumber), "6"));
+    CHECK(starts(fatalStartWith(3, noEnd, 4, ""), "6"));
+}
+
+TEST_CASE("a line is taken over in its order: the tracks, each window's left and top, the alarm") {
+    const std::string moved = "move window ";
+    Player player;
+    world.files.addFile(file, "3*0*0*C:\\a.mp3//*120*90*7*30**0*0*135*1320*\n");
+    std::vector<Move> moves;
+    world.watch = [&](const std::string& note) {
+        if (!note.starts_with(moved)) return;
+        const int window = std::stoi(note.substr(moved.size()));
+        const FrmPlayer& form = player.frmPlayer();
+        moves.push_back({static_cast<platform::WindowHandle>(window) == player.mainWindow(),
+                         simulated::window(window).position, form.trackCount.value(),
+                         form.alarmHour.value(), form.alarmTime != alarms::Disarmed});
+    };
+    player.start();
+    world.watch = nullptr;
+    CHECK(moves == std::vector<Move>{{true, {374, 343}, 1, 0, false},
+                                     {true, {8, 343}, 1, 0, false},
+                                     {false, {504, 448}, 1, 0, false},
+                                     {false, {9, 448}, 1, 0, false}});
+    CHECK(player.frmPlayer().alarmHour == 7);
 }

@@ -483,3 +483,18 @@ TEST_CASE("the list field joins paths and takes them apart again") {
     splitTracks("a//b//", rest);
     CHECK(rest == std::string("b\0\0", 3));
 }
+
+TEST_CASE("tracks added while the message about the settings is up are gone when it is answered") {
+    Player player;
+    world.files.nextReadError = runtime::DeviceError;
+    world.media.addFile("C:\\Music\\a.mp3", 1000);
+    world.messages.whileOpen([&] {
+        world.dialogs.pickFolder("C:\\Music");
+        world.tray.pickFromMenu("Open Directory");
+        CHECK(player.frmPlayer().trackCount == 1);
+    });
+    player.start();
+    REQUIRE(world.messages.shown.size() == 1);
+    CHECK(player.frmPlayer().trackCount == 0);
+    CHECK(lineAfterQuit(player).starts_with("3*0*0**"));
+}

@@ -6,6 +6,7 @@
 #include <vector>
 
 using behaviour::commandsSent;
+using behaviour::endsTheProcess;
 using behaviour::fatalMessageOf;
 using behaviour::Player;
 using simulated::world;
@@ -277,4 +278,12 @@ TEST_CASE("quit from inside a dialog's time ends the process at once") {
     CHECK_THROWS_AS(player.frmPlayer().openfiles(), simulated::ProcessEnded);
     CHECK(saved());
     CHECK_FALSE(world.tray.icon);
+}
+
+TEST_CASE("a close while the start's message is up ends the program when it is answered") {
+    Player player;
+    world.files.nextReadError = runtime::DeviceError;
+    world.messages.whileOpen([&] { simulated::closeByUser(player.mainWindow()); });
+    CHECK(endsTheProcess([&] { player.start(); }));
+    CHECK(world.messages.fatal.empty());
 }

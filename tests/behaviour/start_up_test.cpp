@@ -94,6 +94,32 @@ TEST_CASE("the playlist is hidden once the main window shows, whatever showed it
     CHECK_FALSE(simulated::window(player.playlistWindow()).visible);
 }
 
+TEST_CASE("both windows get their size before the main one shows, whatever they had before") {
+    Player player;
+    const auto forms = [&] {
+        return std::vector<toolkit::Form*>{&player.frmPlayer().window,
+                                           &player.frmPlaylist().window};
+    };
+    int looks = 0;
+    world.watch = [&](const std::string& note) {
+        if (note == "read C:\\Orvan\\MyPlayerSettings.mps") {
+            for (toolkit::Form* form : forms()) {
+                form->Width(3000);
+                form->Height(3000);
+            }
+        } else if (note == numbered("show", player.mainWindow())) {
+            ++looks;
+            for (toolkit::Form* form : forms()) {
+                CHECK(form->Width() == 4140);
+                CHECK(form->Height() == 1230);
+            }
+        }
+    };
+    player.start();
+    world.watch = nullptr;
+    CHECK(looks == 1);
+}
+
 TEST_CASE("the worker lists and the tray menu are there before the icon is") {
     Player player;
     int looks = 0;

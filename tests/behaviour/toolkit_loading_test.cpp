@@ -1,4 +1,5 @@
 #include "platform/simulated/world.h"
+#include "toolkit/accessible.h"
 #include "toolkit/form.h"
 #include "toolkit/image.h"
 #include "toolkit/label.h"
@@ -135,4 +136,24 @@ TEST_CASE("what changes nothing and what only asks loads a form all the same") {
         deed(untouched);
         CHECK(untouched.window.loaded());
     }
+}
+
+TEST_CASE(
+    "a reader that asks for a window that isn't there is told nothing, and brings nothing back") {
+    Untouched untouched;
+    toolkit::Form& window = untouched.window;
+    int tables = 0;
+    window.Accessible = [&] {
+        ++tables;
+        toolkit::AccessibleTable table;
+        table.window = "Window";
+        return table;
+    };
+    // A system may ask until the window is wholly gone.
+    const auto ask = simulated::window(window.hWnd()).events.accessible;
+    window.Unload();
+    CHECK(ask().name.empty());
+    CHECK(ask().shown().empty());
+    CHECK(tables == 0);
+    CHECK_FALSE(window.loaded());
 }

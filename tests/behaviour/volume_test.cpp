@@ -244,3 +244,35 @@ TEST_CASE("without a wave device the slider moves and its calls fail in silence"
     drag.release();
     CHECK(world.messages.shown.size() == 1);
 }
+
+TEST_CASE("a move of the slider sets the volume, and then reads the pointer") {
+    Player player;
+    player.start();
+    Drag drag(player, 2700);
+    world.watch = [](const std::string& note) {
+        if (note.starts_with("volume set")) world.desktop.cursor.x += 5;
+    };
+    drag.to(1);
+    world.watch = nullptr;
+    CHECK(player.program().dragCursorNow.x == world.desktop.cursor.x);
+    CHECK(drag.slider().Left() == 2790);
+    drag.release();
+}
+
+TEST_CASE("a slider beyond its stop goes back to it before the stop's volume is set") {
+    Player player;
+    player.start();
+    Drag drag(player, 2700);
+    drag.to(-25);
+    REQUIRE(drag.slider().Left() == 2325);
+    int looks = 0;
+    world.watch = [&](const std::string& note) {
+        if (!note.starts_with("volume set")) return;
+        ++looks;
+        CHECK(drag.slider().Left() == 2400);
+    };
+    drag.to(-26);
+    world.watch = nullptr;
+    CHECK(looks == 1);
+    drag.release();
+}
