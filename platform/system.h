@@ -10,7 +10,8 @@ namespace platform {
 /// Request of `SystemParametersInfoA` for the desktop's work area.
 inline constexpr std::uint32_t SPI_GETWORKAREA = 48;
 
-/// Request 48 fills `area` with the desktop's work area in screen pixels. Other requests fail.
+/// Request 48, with 0 for parameter and flags, fills `area` with the desktop's work area in screen
+/// pixels. Other requests fail.
 bool SystemParametersInfoA(std::uint32_t request, std::uint32_t parameter, Rect* area,
                            std::uint32_t flags);
 

@@ -12,9 +12,9 @@ namespace platform {
 
 using simulated::world;
 
-bool SystemParametersInfoA(std::uint32_t request, std::uint32_t /*parameter*/, Rect* area,
-                           std::uint32_t /*flags*/) {
-    if (request != SPI_GETWORKAREA || area == nullptr) return false;
+bool SystemParametersInfoA(std::uint32_t request, std::uint32_t parameter, Rect* area,
+                           std::uint32_t flags) {
+    if (request != SPI_GETWORKAREA || parameter != 0 || area == nullptr || flags != 0) return false;
     *area = world.desktop.workArea;
     return true;
 }

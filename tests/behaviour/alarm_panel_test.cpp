@@ -146,6 +146,26 @@ TEST_CASE("a minute held for three seconds runs through most of an hour, red unt
     CHECK_FALSE(form.mouseHeld);
 }
 
+TEST_CASE("a label held for most of an hour steps on at its last speed") {
+    constexpr std::uint32_t passes = 33'000; // more than a counter of 16 bits holds
+    struct Row {
+        toolkit::Label FrmPlayer::*label;
+        std::uint32_t slow; // the waits before those of the last speed, ms
+        std::uint32_t last;
+    };
+    for (const Row& row : {Row{&FrmPlayer::lblHr, 1350, 75}, Row{&FrmPlayer::lblMin, 1800, 32}}) {
+        CAPTURE(row.last);
+        Player player;
+        player.start();
+        openPanel(player);
+        const auto waits =
+            hold(player, player.frmPlayer().*row.label, row.slow + passes * row.last);
+        CHECK(waits.size() == passes + (row.last == 75 ? 6 : 12));
+        CHECK(waits.back() == row.last);
+        CHECK_FALSE(player.frmPlayer().mouseHeld);
+    }
+}
+
 TEST_CASE("the hour wraps at 23, the minute at 59 without a carry, and 99 goes to 0") {
     struct Row {
         int hour;

@@ -41,6 +41,15 @@ TEST_CASE("the seek bar tells where the track is, in seconds and in words") {
     CHECK(bar.usable);
 }
 
+TEST_CASE("the seek bar of a track that has just begun stands at its start") {
+    Reading player;
+    player.playLetters(2);
+    CHECK(player.main("Position").number == 0);
+    simulated::advance(967);
+    CHECK(player.main("Position").number == doctest::Approx(0.967));
+    CHECK(player.main("Position").value == "00:01 of 03:20");
+}
+
 TEST_CASE("the seek bar set by a reader seeks to within a pixel of what was asked for") {
     for (const double wanted : {0.0, 5.0, 50.0, 100.0, 170.0, 200.0}) {
         CAPTURE(wanted);

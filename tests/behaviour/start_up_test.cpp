@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+using behaviour::endsTheProcess;
 using behaviour::Player;
 using simulated::world;
 
@@ -381,4 +382,21 @@ TEST_CASE("every image has exactly the size of its bitmap") {
                   platform::Size{area.right - area.left, area.bottom - area.top});
         }
     CHECK(images == 39);
+}
+
+TEST_CASE("tracks added while the message about the settings is up are gone when it is answered") {
+    Player player;
+    world.files.nextReadError = runtime::DeviceError;
+    world.media.addFile("C:\\Music\\a.mp3", 1000);
+    world.messages.whileOpen([&] {
+        world.dialogs.pickFolder("C:\\Music");
+        world.tray.pickFromMenu("Open Directory");
+        CHECK(player.frmPlayer().trackCount == 1);
+    });
+    player.start();
+    REQUIRE(world.messages.shown.size() == 1);
+    CHECK(player.frmPlayer().trackCount == 0);
+    CHECK(endsTheProcess([&] { player.click(player.frmPlayer().pctquit); }));
+    const std::string saved = world.files.text("C:\\Orvan\\MyPlayerSettings.mps");
+    CHECK(saved.starts_with("3*0*0**"));
 }
