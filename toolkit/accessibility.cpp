@@ -183,6 +183,7 @@ void Accessibility::drag(const Accessible& slider, double number) {
     const platform::Point to = {from.x + path.right, from.y};
     platform::standInForPointer(from);
     const bool taken = press(from);
+    letGo_.detach(); // no thumb waits for its release, and its moves may last longer than a hold
     for (std::int32_t n = 0; taken && n < path.moves; ++n) {
         platform::standInForPointer(to);
         form_.handle(

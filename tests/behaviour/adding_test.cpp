@@ -217,6 +217,11 @@ TEST_CASE("a buffer without any nul is the fatal end") {
     player.start();
     world.dialogs.fillBuffer(std::string(16384, 'x'));
     CHECK(fatalMessageOf([&] { player.frmPlayer().openfiles(); }) == "Run-time error 6: Overflow");
+    // Blanks at its end don't count, so this is one letter.
+    Player again;
+    again.start();
+    world.dialogs.fillBuffer("x" + std::string(16383, ' '));
+    CHECK(fatalMessageOf([&] { again.frmPlayer().openfiles(); }) == "Run-time error 6: Overflow");
 }
 
 TEST_CASE("a buffer of nothing but names of one letter is taken apart to its very end") {

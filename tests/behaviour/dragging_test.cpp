@@ -200,6 +200,16 @@ TEST_CASE("moves that arrive while another one is handled end where the pointer 
     CHECK(window.main() == Point{500, 500});
 }
 
+TEST_CASE("what waits in a drag runs once the window has moved") {
+    MainWindow window({300, 300});
+    window.takeMain();
+    Point seen;
+    simulated::post([&] { seen = window.main(); });
+    MainWindow::dragTo(350, 360);
+    CHECK(seen == Point{350, 360});
+    simulated::release();
+}
+
 TEST_CASE("a pointer that never rests drags to where it ends") {
     MainWindow window({300, 300});
     window.takeMain();

@@ -404,3 +404,19 @@ TEST_CASE("the text of a refused command is asked for in 128 characters and drop
     CHECK(refused("status", [&] { engine.CurrentPosition(); }).empty());
     CHECK(world.messages.shown.empty());
 }
+
+TEST_CASE("a paused track counts as playing once the device has been told to go on") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    player.engine().PauseM();
+    int looks = 0;
+    world.watch = [&](const std::string& note) {
+        if (note != "send Resume mpeg") return;
+        ++looks;
+        CHECK(player.status() == "Paused");
+    };
+    player.engine().PlayM();
+    world.watch = nullptr;
+    CHECK(looks == 1);
+    CHECK(player.status() == "Playing");
+}

@@ -128,6 +128,25 @@ TEST_CASE("the ends of the volume are the stops that a hand runs into") {
     CHECK(world.sound.devices[0].volume == 0xFFFEFFFFU);
 }
 
+TEST_CASE("a slider is set to where it was asked however slow the sound device is") {
+    InTheTrack player;
+    player.set("Volume", 100);
+    const auto setSlowly = [&](const std::string& name, double wanted) {
+        world.watch = [](const std::string& note) {
+            if (note.starts_with("volume set") || note.starts_with("send ")) platform::Sleep(150);
+        };
+        player.set(name, wanted);
+        world.watch = nullptr;
+    };
+    world.sound.calls.clear();
+    setSlowly("Volume", 0);
+    CHECK(player.main("Volume").number == 0);
+    REQUIRE_FALSE(world.sound.calls.empty());
+    CHECK(world.sound.calls.back() == "set 0 00000000");
+    setSlowly("Position", 100);
+    CHECK(std::abs(soughtPosition() - 100) < 2); // the track goes on meanwhile
+}
+
 TEST_CASE("a slider that was set leaves the pointer to the hand") {
     Reading player;
     simulated::moveToScreen(700, 700);

@@ -1,3 +1,4 @@
+#include "playback/volume_words.h"
 #include "tests/behaviour/player.h"
 
 #include <cstdint>
@@ -58,6 +59,15 @@ TEST_CASE("the slider starts where the device's volume puts it") {
         player.start();
         CHECK(player.frmPlayer().pctvolume.Left() == doctest::Approx(row.left).epsilon(0.0001));
     }
+}
+
+TEST_CASE("a volume that would silence the device counts as the one next to it") {
+    Player player;
+    world.sound.devices[0].volume = 0xFFFF0000U;
+    player.start();
+    CHECK(player.program().waveVolumeWord == 0xFFFEFFFFU);
+    CHECK(player.program().wavePercent == volume::percentOf(0xFFFEFFFFU));
+    CHECK(player.program().wavePercent != volume::percentOf(0xFFFF0000U));
 }
 
 TEST_CASE("moves over the slider without a press do nothing and don't read the pointer") {

@@ -3,6 +3,7 @@
 #include <doctest/doctest.h>
 
 #include <string>
+#include <vector>
 
 using runtime::characterCount;
 using runtime::firstCharacters;
@@ -36,4 +37,18 @@ TEST_CASE("a text is cut between characters") {
     CHECK(firstCharacters("a\u0416\u97F3\U0001F3B5z", 4) == "a\u0416\u97F3\U0001F3B5");
     CHECK(firstCharacters("a\u0416\u97F3\U0001F3B5z", 9) == "a\u0416\u97F3\U0001F3B5z");
     CHECK(firstCharacters("\x80x", 1) == "\x80");
+    // Nothing behind the text is looked at.
+    const std::vector<char> letters = {'a', 'b'};
+    CHECK(firstCharacters({letters.data(), letters.size()}, 9) == "ab");
+}
+
+TEST_CASE("the first byte announces how many there are, to both ends of each length") {
+    for (const char* const two : {"\xC0\x80", "\xDF\xBF"})
+        CHECK(characterCount(two) == 1);
+    for (const char* const three : {"\xE0\x80\x80", "\xEF\xBF\xBF"})
+        CHECK(characterCount(three) == 1);
+    for (const char* const four : {"\xF0\x80\x80\x80", "\xF7\xBF\xBF\xBF"})
+        CHECK(characterCount(four) == 1);
+    CHECK(characterCount("\xF8\x80\x80\x80") == 4);
+    CHECK(characterCount("\xBF\x80") == 2);
 }
