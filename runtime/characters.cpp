@@ -8,10 +8,10 @@ bool continuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 
 /// What the first byte of a character announces; 1 for one that announces nothing.
 std::size_t announcedLength(char first) {
     const auto byte = static_cast<unsigned char>(first);
-    if (byte >= 0xF0U && byte < 0xF8U) return 4;
-    if (byte >= 0xE0U && byte < 0xF0U) return 3;
-    if (byte >= 0xC0U && byte < 0xE0U) return 2;
-    return 1;
+    if (byte >= 0xF8U) return 1;
+    if (byte >= 0xF0U) return 4;
+    if (byte >= 0xE0U) return 3;
+    return byte >= 0xC0U ? 2 : 1;
 }
 
 } // namespace

@@ -31,7 +31,8 @@ LEAVES = re.compile(r"(?:return|break|continue|throw)\b")  # nothing behind it r
 ASSIGNMENT = re.compile(r"([\w.]+) = ([^=\[\];]*);$", re.S)
 CALL = re.compile(r"([\w.:]*(?:<[^<>()]*>)?)\(")
 # Of these only the result counts. A bracket without a name groups.
-READS = re.compile(r"|static_cast<.*>|std::string|std::move|rounded|(?:runtime::)?fileTitleOf|skinPicture|"
+READS = re.compile(r"|static_cast<.*>|std::string|std::move|rounded|littleEndian|"
+                   r"(?:runtime::)?fileTitleOf|skinPicture|"
                    r"[\w.]+\.(?:data|c_str|value|empty|size)")
 HANDLER = re.compile(r"([\w.]+) = \[[^\]=]*\]")  # connects an event, which runs nothing yet
 # What a control shows is painted when the handler is done. Texts are blanks here.

@@ -79,6 +79,11 @@ TEST_CASE("at a whole scale the picture that is drawn for it shows as it is, mad
 TEST_CASE("a picture that has no larger form is enlarged") {
     CHECK(Artwork(crossed(1)).at(3, {0, 0}) == crossed(3));
     CHECK(Artwork(Picture()).at(3, {0, 0}).empty());
+    const Artwork artwork(crossed(1));
+    for (const std::int32_t times : {2, 4, 3})
+        CHECK(artwork.at(times, {0, 0}) == crossed(times));
+    const Artwork without(crossed(1), [](std::int32_t) { return Picture(); });
+    CHECK(without.at(3, {0, 0}) == crossed(3));
 }
 
 TEST_CASE("a line one pixel wide stays whole at every fraction, wherever the picture stands") {

@@ -160,6 +160,18 @@ TEST_CASE("time, status and counter are read as they stand on the face") {
     CHECK(player.main("Alarm state").value == "Timer off");
 }
 
+TEST_CASE(
+    "a reader is offered to act on keys, switches and the time, and on no other text or slider") {
+    Reading player;
+    player.playLetters(2);
+    for (const char* const name : {"Play", "Shuffle", "Playlist", "Quit", "Time"})
+        CHECK(player.main(name).acts);
+    for (const char* const name : {"Alarm state", "Position", "Volume"})
+        CHECK_FALSE(player.main(name).acts);
+    for (const char* const name : {"Status", "Counter", "Tracks"})
+        CHECK_FALSE(player.listed(name).acts);
+}
+
 TEST_CASE("a key that is held tells that it is pressed") {
     Reading player;
     CHECK_FALSE(player.main("Next").pressed);

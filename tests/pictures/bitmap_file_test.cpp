@@ -116,6 +116,11 @@ TEST_CASE("a bitmap that is cut, packed, of other depths or none is no picture")
     REQUIRE_FALSE(decodeBitmap(whole).empty());
     for (std::size_t size = 0; size < whole.size(); ++size)
         CHECK(decodeBitmap(std::span(whole).first(size)).empty());
+    Bytes fromItsStart = whole;
+    fromItsStart[10] = std::byte{0}; // where its pixels start
+    REQUIRE_FALSE(decodeBitmap(fromItsStart).empty());
+    for (std::size_t size = 0; size < 54; ++size)
+        CHECK(decodeBitmap(std::span(fromItsStart).first(size)).empty());
     for (const Header& header : {Header{2, 2, 8}, Header{2, 2, 16}, Header{2, 2, 24, 1},
                                  Header{2, 2, 32, 3}, Header{0, 2}, Header{-1, 2}, Header{2, 0}})
         CHECK(decodeBitmap(bitmap(header, fourPixels)).empty());
@@ -155,6 +160,9 @@ TEST_CASE("an icon's images of other depths, or cut ones, are left out") {
     CHECK(widthsOf(decodeIcon(all.first(all.size() - 1), 48)) == std::vector<std::int32_t>{16});
     CHECK(decodeIcon(all.first(6 + 16), 48).empty());
     CHECK(decodeIcon(all.first(5), 48).empty());
+    Bytes farAway = file;
+    farAway[6 + 12 + 3] = std::byte{0xFF}; // where its first image starts
+    CHECK(widthsOf(decodeIcon(farAway, 48)) == std::vector<std::int32_t>{32});
     CHECK(decodeIcon(bitmap({}, fourPixels), 48).empty());
     CHECK(decodeIcon({}, 48).empty());
 }

@@ -1,0 +1,79 @@
+#include "platform/simulated/world.h"
+#include "toolkit/accessible.h"
+#include "toolkit/form.h"
+#include "toolkit/label.h"
+
+#include <doctest/doctest.h>
+#include <string>
+#include <vector>
+
+using Words = std::vector<std::string>;
+
+namespace {
+
+toolkit::FormData data() {
+    toolkit::FormData form;
+    form.bounds = {150, 300, 1500, 750};
+    return form;
+}
+
+/// A window with one thing, whose name is the caption of its label, before a reader that listens.
+struct Told {
+    Told() {
+        simulated::reset();
+        label.place(window, "label", {150, 150, 300, 150}, true, "");
+        window.add(label);
+        window.Accessible = [this] {
+            toolkit::Accessible thing;
+            thing.parts = {&label};
+            thing.caption = [this] { return label.Caption(); };
+            toolkit::AccessibleTable table;
+            table.window = "Window";
+            table.things = {thing};
+            return table;
+        };
+        label.Caption("old");
+        window.Show();
+        simulated::advance(10);
+        CHECK(names() == Words{"old"});
+    }
+
+    Words names() {
+        Words all;
+        for (const auto& thing : simulated::accessibleThings(window.hWnd()))
+            all.push_back(thing.name);
+        return all;
+    }
+
+    toolkit::Label label;
+    toolkit::Form window{data()};
+};
+
+} // namespace
+
+TEST_CASE("a reader hears of a name that changes, and what the new one is") {
+    Told told;
+    told.label.Caption("new");
+    simulated::advance(1);
+    CHECK(simulated::changesTold() == Words{"new: Name"});
+    simulated::advance(10);
+    CHECK(simulated::changesTold().empty());
+}
+
+TEST_CASE("what has just changed in a window that goes is told no more") {
+    Told told;
+    told.label.Caption("new");
+    told.window.Unload();
+    simulated::advance(10);
+    CHECK(simulated::world.reader.told.empty());
+    CHECK_FALSE(told.window.loaded());
+}
+
+TEST_CASE("a thing that a reader only believes in is a text without a name") {
+    Told told;
+    const auto& window = simulated::window(told.window.hWnd()).events.accessible();
+    for (const int number : {-1, 1, 2, 1000}) {
+        CAPTURE(number);
+        CHECK(window.thing({number}) == platform::AccessibleThing());
+    }
+}
