@@ -197,6 +197,30 @@ TEST_CASE("a release far away ends the hold") {
     CHECK(player.frmPlayer().lblHr.ForeColor() == 0x00FFFF);
 }
 
+TEST_CASE("the held label alone is red, from the press to the release") {
+    for (const bool hour : {true, false}) {
+        CAPTURE(hour);
+        Player player;
+        player.start();
+        FrmPlayer& form = player.frmPlayer();
+        openPanel(player);
+        toolkit::Label& held = hour ? form.lblHr : form.lblMin;
+        const toolkit::Label& other = hour ? form.lblMin : form.lblHr;
+        int looks = 0;
+        world.watch = [&](const std::string& note) {
+            if (!note.starts_with("sleep ")) return;
+            ++looks;
+            CHECK(held.ForeColor() == 0x0000FF);
+            CHECK(other.ForeColor() == 0x00FFFF);
+        };
+        hold(player, held, 3000);
+        world.watch = nullptr;
+        CHECK(looks > 12);
+        CHECK(held.ForeColor() == 0x00FFFF);
+        CHECK(other.ForeColor() == 0x00FFFF);
+    }
+}
+
 TEST_CASE("a second press that waits in the hold is a hold of its own") {
     Player player;
     player.start();
@@ -296,4 +320,30 @@ TEST_CASE("a saved hour of 99 shows as it is, steps to 0, and a stepped hour is 
     CHECK(form.lblTimer.Caption() == "01:31");
     CHECK(behaviour::endsTheProcess([&] { player.click(form.pctquit); }));
     CHECK(world.files.text(file) == "3*0*0**120*90*1*31**0*0*120*1320*\n");
+}
+
+TEST_CASE("a time stepped in a panel that is closed without a decision is what is saved") {
+    for (const bool armed : {true, false}) {
+        CAPTURE(armed);
+        Player player;
+        player.start();
+        FrmPlayer& form = player.frmPlayer();
+        form.alarmHour = 7;
+        form.alarmMinute = 59;
+        if (armed) clickSet(player);
+        openPanel(player);
+        hold(player, form.lblHr, 100);
+        hold(player, form.lblMin, 100);
+        player.click(form.pctalarmdown);
+        CHECK(panelOf(form) == Panel::AtRest);
+        CHECK(form.alarmTime == (armed ? Fixed(0.3326) : Fixed(-1)));
+        CHECK(form.lblshowtime.Caption() == (armed ? "Timer On" : "Timer off"));
+        openPanel(player);
+        CHECK(form.lblTimer.Caption() == "08:00");
+        CHECK(form.cmdSet.Caption() == (armed ? "Unset" : "Set"));
+        player.click(form.pctalarmdown);
+        CHECK(behaviour::endsTheProcess([&] { player.click(form.pctquit); }));
+        const std::string line = world.files.text("C:\\Orvan\\MyPlayerSettings.mps");
+        CHECK(line.find("*8*0**") != std::string::npos);
+    }
 }

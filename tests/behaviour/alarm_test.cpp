@@ -113,6 +113,25 @@ TEST_CASE("an alarm during play starts the selected track from its beginning") {
     CHECK(world.media.position() < 1000);
 }
 
+TEST_CASE("an alarm plays the entry that is selected by then, whether or not another one sounds") {
+    for (const bool sounds : {false, true}) {
+        CAPTURE(sounds);
+        Player player;
+        playShortTracks(player, 0);
+        if (!sounds) player.click(player.frmPlayer().pctstop);
+        player.frmPlayer().alarmHour = 7;
+        clickSet(player);
+        player.list().ListIndex(2);
+        simulated::setTimeOfDay(7, 0, 0);
+        world.media.forgetCommands();
+        simulated::advance(tick);
+        CHECK(player.status() == "Playing");
+        CHECK(world.media.openPath() == "C:\\Music\\c.mp3");
+        CHECK(commandsSent().back() == "play mpeg from 1 to 2000");
+        CHECK(player.list().ListIndex() == 2);
+    }
+}
+
 TEST_CASE("an alarm during a pause resumes the track") {
     Player player;
     arm(player, 7, 0);

@@ -53,6 +53,18 @@ TEST_CASE("beyond the playlist's right edge nothing sticks") {
     CHECK(windows.free());
 }
 
+TEST_CASE("a near edge without contact ends the search, though another side would hold") {
+    // Four pixels into the other window's rows and four beyond its right edge.
+    WindowPair windows({600, 100}, {100, 300});
+    windows.dragMain(380, 222);
+    CHECK(windows.main() == Point{380, 222});
+    CHECK(windows.free());
+    WindowPair turned({100, 300}, {600, 100});
+    turned.dragList(380, 222);
+    CHECK(turned.list() == Point{380, 222});
+    CHECK(turned.free());
+}
+
 TEST_CASE("diagonally nothing sticks until the columns overlap") {
     WindowPair windows({600, 100}, {400, 300});
     windows.takeMain();
@@ -285,6 +297,46 @@ TEST_CASE("a docked playlist stays pinned at 14 pixels and comes free at 15") {
     CHECK(windows.free());
 }
 
+TEST_CASE("a playlist docked at any side stays pinned at 14 pixels and comes free at 15") {
+    struct Row {
+        Point docked;
+        Point away; ///< by one pixel
+    };
+    for (const Row& row : {Row{{400, 382}, {0, 1}}, Row{{400, 218}, {0, -1}},
+                           Row{{676, 300}, {1, 0}}, Row{{124, 300}, {-1, 0}}}) {
+        WindowPair windows({400, 300}, row.docked);
+        const bool stacked = row.away.x == 0;
+        windows.takeList();
+        for (const int pixels : {14, 1, 14}) {
+            windows.dragBy(pixels * row.away.x, pixels * row.away.y);
+            CHECK(windows.list() == row.docked);
+            CHECK(windows.stacked() == stacked);
+            CHECK(windows.beside() == !stacked);
+        }
+        for (const int pixels : {15, 16, 40}) {
+            windows.dragBy(pixels * row.away.x, pixels * row.away.y);
+            CHECK(windows.list() ==
+                  Point{row.docked.x + pixels * row.away.x, row.docked.y + pixels * row.away.y});
+            CHECK(windows.free());
+        }
+        simulated::release();
+        CHECK(windows.free());
+    }
+}
+
+TEST_CASE("every move of the playlist writes both of its docks anew") {
+    WindowPair windows({300, 300}, {300, 382});
+    windows.takeList();
+    for (const int down : {1, 2, 60}) {
+        windows.player.frmPlaylist().playlistdockX = false;
+        windows.player.frmPlaylist().playlistdockY = true;
+        windows.dragBy(0, down);
+        CHECK(windows.stacked() == (down < 15));
+        CHECK_FALSE(windows.beside());
+    }
+    simulated::release();
+}
+
 TEST_CASE("a playlist pulled away docks again within the same drag") {
     WindowPair windows({300, 300}, {300, 382});
     windows.takeList();
@@ -316,6 +368,24 @@ TEST_CASE("a playlist slides along the main window and lines up within 14 pixels
     WindowPair::dragTo(577, 390);
     CHECK(windows.list() == Point{577, 390});
     CHECK(windows.free());
+}
+
+TEST_CASE("a playlist slides up and down the main window's side and lines up within 14 pixels") {
+    WindowPair windows({300, 300}, {576, 300});
+    windows.takeList();
+    struct Row {
+        int y;
+        int taken;
+    };
+    for (const Row& row : {Row{340, 340}, Row{315, 315}, Row{314, 300}, Row{301, 300},
+                           Row{286, 300}, Row{285, 285}, Row{250, 250}}) {
+        CAPTURE(row.y);
+        WindowPair::dragTo(580, row.y);
+        CHECK(windows.list() == Point{576, row.taken});
+        CHECK(windows.beside());
+        CHECK_FALSE(windows.stacked());
+    }
+    simulated::release();
 }
 
 TEST_CASE("dragging the playlist never moves the main window") {

@@ -2,6 +2,7 @@
 #include "tests/behaviour/window_pair.h"
 
 #include <algorithm>
+#include <vector>
 
 using behaviour::Player;
 using behaviour::Point;
@@ -26,16 +27,19 @@ constexpr int bareRow = 70;
 /// A bare column of both windows in this row; the corners are round.
 int bareColumn(int row) { return row == 0 || row > 75 ? 30 : 4; }
 
-/// Presses a bare place in this pixel row of the main window and pulls by 50, 50.
-bool rowDrags(MainWindow& window, int row) {
+/// Presses this bare place of the main window, in its pixels, and pulls by 50, 50.
+bool placeDrags(MainWindow& window, int column, int row) {
     const Point before = window.main();
-    simulated::pressAt(window.player.mainWindow(), bareColumn(row), row);
-    simulated::moveToScreen(before.x + bareColumn(row) + 50, before.y + row + 50);
+    simulated::pressAt(window.player.mainWindow(), column, row);
+    simulated::moveToScreen(before.x + column + 50, before.y + row + 50);
     simulated::release();
     const bool dragged = window.main() == Point{before.x + 50, before.y + 50};
     CHECK((dragged || window.main() == before));
     return dragged;
 }
+
+/// The same at a bare place in this pixel row.
+bool rowDrags(MainWindow& window, int row) { return placeDrags(window, bareColumn(row), row); }
 
 } // namespace
 
@@ -61,6 +65,27 @@ TEST_CASE("the rows of the seek bar don't drag while something plays either") {
     CHECK_FALSE(rowDrags(window, strip::FirstRow));
     CHECK_FALSE(rowDrags(window, strip::LastRow));
     CHECK(rowDrags(window, strip::RowBelow));
+}
+
+TEST_CASE("the rows of the seek bar don't drag anywhere in them, playing, paused or stopped") {
+    using Keys = std::vector<toolkit::Image FrmPlayer::*>;
+    using W = FrmPlayer;
+    for (const Keys& keys : {Keys{}, Keys{&W::pctPlay}, Keys{&W::pctPlay, &W::pctpause},
+                             Keys{&W::pctPlay, &W::pctstop}})
+        for (const int column : {4, 120, 215})
+            for (const int row :
+                 {strip::RowAbove, strip::FirstRow, strip::LastRow, strip::RowBelow}) {
+                CAPTURE(keys.size());
+                CAPTURE(column);
+                CAPTURE(row);
+                MainWindow window({300, 300});
+                window.player.addTracks({"C:\\Music\\a.mp3"});
+                window.player.list().ListIndex(0);
+                for (toolkit::Image FrmPlayer::*key : keys)
+                    window.player.click(window.player.frmPlayer().*key);
+                CHECK(placeDrags(window, column, row) ==
+                      (row == strip::RowAbove || row == strip::RowBelow));
+            }
 }
 
 TEST_CASE("every button drags") {
@@ -305,6 +330,33 @@ TEST_CASE("a closed playlist stays where it is, whatever its flags say, and pull
     CHECK(window.free());
 }
 
+TEST_CASE("beside and below a closed playlist a drag sets no dock and moves one window only") {
+    for (const bool below : {true, false})
+        for (const bool beside : {true, false})
+            for (const Point list : {Point{300, 500}, Point{580, 300}}) {
+                CAPTURE(below);
+                CAPTURE(beside);
+                MainWindow window({300, 200});
+                FrmPlaylist& playlist = window.player.frmPlaylist();
+                playlist.window.Left(static_cast<float>(15 * list.x));
+                playlist.window.Top(static_cast<float>(15 * list.y));
+                playlist.playlistdockX = below;
+                playlist.playlistdockY = beside;
+                window.takeMain();
+                // Each is within a dock's reach of one of the two places.
+                for (const Point near : {Point{310, 410}, Point{295, 310}}) {
+                    MainWindow::dragTo(near.x, near.y);
+                    CHECK(window.main() == near);
+                    CHECK(window.list() == list);
+                    CHECK_FALSE(window.player.frmPlayer().pendingDockX);
+                    CHECK_FALSE(window.player.frmPlayer().pendingDockY);
+                }
+                simulated::release();
+                CHECK(window.stacked() == below);
+                CHECK(window.beside() == beside);
+            }
+}
+
 TEST_CASE("the playlist's own drag snaps like the main window's") {
     WindowPair windows({600, 400}, {300, 100});
     windows.takeList();
@@ -350,6 +402,7 @@ TEST_CASE("moves without a button don't ask where the pointer is") {
     WindowPair windows({600, 600}, {300, 100});
     ModMain& program = windows.player.program();
     program.dragCursorStart = program.dragCursorNow = {-7, -7};
+    simulated::clearLog();
     for (const platform::WindowHandle window :
          {windows.player.mainWindow(), windows.player.playlistWindow()}) {
         const int asked = world.desktop.cursorsAsked;
@@ -357,6 +410,7 @@ TEST_CASE("moves without a button don't ask where the pointer is") {
         simulated::moveTo(window, WindowPair::gripX + 20, WindowPair::gripY);
         CHECK(world.desktop.cursorsAsked == asked);
     }
+    CHECK(simulated::log().empty());
     CHECK(program.dragCursorStart == Point{-7, -7});
     CHECK(program.dragCursorNow == Point{-7, -7});
 }

@@ -246,3 +246,46 @@ TEST_CASE("dialogs from the tray menu wait no 300 ms and touch no open key") {
     CHECK_FALSE(downDuring);
     CHECK(world.events.sleeps.empty());
 }
+
+TEST_CASE("both open keys open the same menu with any button") {
+    for (const bool ofPlaylist : {false, true})
+        for (const PointerButton button :
+             {PointerButton::Left, PointerButton::Right, PointerButton::Middle}) {
+            CAPTURE(ofPlaylist);
+            Player player;
+            player.start();
+            player.frmPlaylist().window.Show();
+            const toolkit::Image& key =
+                ofPlaylist ? player.frmPlaylist().pctPlsOpen : player.frmPlayer().pctopen;
+            player.press(key, button);
+            CHECK((ofPlaylist ? playlistOpenKeyIsDown(player) : openKeyIsDown(player)));
+            world.menus.dismiss();
+            behaviour::releaseFarAway(button);
+            REQUIRE(world.menus.shown.size() == 1);
+            REQUIRE(world.menus.shown[0].size() == 2);
+            CHECK(world.menus.shown[0][0].caption == "File");
+            CHECK(world.menus.shown[0][1].caption == "Directory");
+            CHECK_FALSE(openKeyIsDown(player));
+            CHECK_FALSE(playlistOpenKeyIsDown(player));
+        }
+}
+
+TEST_CASE("a dialog of the open key's menu that is cancelled leaves list and sound as they are") {
+    Player player;
+    player.play({A, "C:\\Music\\b.mp3"});
+    player.list().ListIndex(1);
+    commandsSent();
+    world.dialogs.foldersOpened.clear();
+    for (const char* entry : {"File", "Directory"}) {
+        world.menus.choose(entry); // and an unscripted dialog is cancelled
+        player.click(player.frmPlayer().pctopen);
+        CHECK(player.list().ListCount() == 2);
+        CHECK(player.frmPlayer().trackCount == 2);
+        CHECK(player.list().ListIndex() == 1);
+        CHECK_FALSE(openKeyIsDown(player));
+    }
+    CHECK(world.dialogs.opened.size() == 1);
+    CHECK(world.dialogs.foldersOpened.size() == 1);
+    CHECK(commandsSent().empty());
+    CHECK(player.status() == "Playing");
+}

@@ -99,3 +99,23 @@ TEST_CASE("the playlist takes 15 twips for a pixel as well, and so do its snap a
     CHECK(player.frmPlaylist().playlistdockX);
     simulated::release();
 }
+
+TEST_CASE("the rows of the seek bar go from 510 to 600 twips on every screen") {
+    struct Row {
+        float twipsPerPixel;
+        int row;
+        bool drags;
+    };
+    for (const Row& row :
+         {Row{1, 509, true}, Row{1, 510, false}, Row{1, 600, false}, Row{1, 601, true},
+          Row{12, 42, true}, Row{12, 43, false}, Row{12, 50, false}, Row{12, 51, true}}) {
+        CAPTURE(row.twipsPerPixel);
+        CAPTURE(row.row);
+        Player player;
+        world.desktop.twipsPerPixelX = world.desktop.twipsPerPixelY = row.twipsPerPixel;
+        player.start();
+        simulated::pressAt(player.mainWindow(), grip.x, row.row);
+        CHECK((player.frmPlayer().mouseHeld != 0) == row.drags);
+        simulated::release();
+    }
+}

@@ -155,6 +155,22 @@ TEST_CASE("minimised, the list stays behind and comes back free where it was") {
     CHECK(windows.list() == Point{300, 382});
 }
 
+TEST_CASE("minimised beside the main window, the list comes back free or docked by its contact") {
+    for (const bool moved : {true, false}) {
+        CAPTURE(moved);
+        WindowPair windows({300, 300}, {576, 300});
+        windows.closeByMinimise();
+        CHECK(windows.beside());
+        if (moved) windows.dragMain(100, 100);
+        windows.open();
+        CHECK(windows.beside() == !moved);
+        CHECK_FALSE(windows.stacked());
+        CHECK(windows.list() == Point{576, 300});
+        windows.dragMain(200, 400);
+        CHECK(windows.list() == (moved ? Point{576, 300} : Point{476, 400}));
+    }
+}
+
 TEST_CASE("minimising the main window leaves the list's key as it is") {
     WindowPair windows({300, 300}, {300, 382});
     windows.player.click(windows.player.frmPlayer().pctminimise);

@@ -163,6 +163,22 @@ TEST_CASE("the tray menu comes at the release of the right button, not at the pr
     CHECK(world.menus.shown.size() == 1);
 }
 
+TEST_CASE("nothing but a double click on the icon brings a hidden window back") {
+    Player player;
+    player.start();
+    player.frmPlayer().window.Hide();
+    for (std::int32_t code = 500; code <= 530; ++code) {
+        if (code == 515) continue;
+        CAPTURE(code);
+        world.menus.shown.clear();
+        world.tray.send(code);
+        CHECK_FALSE(simulated::window(player.mainWindow()).visible);
+        CHECK(world.menus.shown.size() == (code == 517 ? 1 : 0));
+    }
+    world.tray.send(515);
+    CHECK(simulated::window(player.mainWindow()).visible);
+}
+
 TEST_CASE("the pointer that moves over the icon brings about nothing") {
     Player player;
     player.start();
