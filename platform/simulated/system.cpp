@@ -53,11 +53,16 @@ std::uint32_t GetShortPathNameA(const char* path, char* buffer, std::uint32_t si
 }
 
 std::uint32_t GetSysColor(std::int32_t index) {
+    const simulated::Colours& colours = world.desktop.colours;
     switch (index) {
     case COLOR_WINDOW:
-        return 0xFFFFFF;
+        return colours.window;
+    case COLOR_WINDOWTEXT:
+        return colours.windowText;
     case COLOR_BTNFACE:
-        return 0xC8D0D4;
+        return colours.face;
+    case COLOR_BTNTEXT:
+        return colours.faceText;
     default:
         return 0;
     }

@@ -163,6 +163,31 @@ TEST_CASE("the credits' viewport has the system's window colour where they don't
     });
 }
 
+TEST_CASE("on a desktop of other colours the about box takes them, the credits keep their own") {
+    Player player;
+    world.desktop.colours = {0x203040, 0xA0B0C0, 0x405060, 0xD0E0F0};
+    player.start();
+    showAbout(player, [] {
+        const platform::WindowHandle window = simulated::windowTitled(title);
+        const platform::Picture shown = simulated::picture(window);
+        CHECK(shown.row(2)[2] == 0xFF605040U);
+        CHECK(shown.row(24)[288] == 0xFF605040U);
+        CHECK(shown.row(120)[150] == 0xFF403020U);
+        simulated::advance(3000);
+        world.text.drawn.clear();
+        simulated::advance(50); // which paints the box anew
+        CHECK(simulated::picture(window).row(184)[288] == 0xFFFFFFFFU);
+        int versions = 0;
+        for (const auto& one : world.text.drawn) {
+            const bool version = one.text == "Final Version";
+            versions += version ? 1 : 0;
+            CHECK(one.colour == (version ? 0xFFF0E0D0U : 0xFF0000FFU));
+        }
+        CHECK(versions == 1);
+        CHECK(world.text.drawn.size() > 1);
+    });
+}
+
 TEST_CASE("the close button is the platform's own, with a font and a pointer of its own") {
     Player player;
     player.start();

@@ -454,6 +454,19 @@ TEST_CASE("each window snaps and moves by its own size") {
     CHECK(simulated::window(windows.player.mainWindow()).size == platform::Size{276, 82});
 }
 
+TEST_CASE("a docked playlist of another size snaps to the edges by its own") {
+    WindowPair below({300, 300}, {300, 382});
+    below.player.frmPlaylist().window.Width(15 * 200);
+    below.dragMain(810, 400);
+    CHECK(below.main() == Point{810, 400});
+    CHECK(below.list() == Point{824, 482});
+    WindowPair beside({300, 300}, {576, 300});
+    beside.player.frmPlaylist().window.Height(15 * 50);
+    beside.dragMain(300, 707);
+    CHECK(beside.main() == Point{300, 707});
+    CHECK(beside.list() == Point{576, 718});
+}
+
 TEST_CASE("dragging one window doesn't take up the other one's press") {
     WindowPair windows({600, 600}, {300, 100});
     windows.dragList(310, 120);

@@ -108,6 +108,24 @@ TEST_CASE("restoring a window that shows leaves it at its place and size") {
     CHECK(simulated::window(player.mainWindow()).size == platform::Size{276, 82});
 }
 
+TEST_CASE("restoring a window that shows pulls it to no edge and no pixel, and moves no list") {
+    for (const bool byMenu : {true, false})
+        for (const Point place : {Point{3, 5}, Point{735, 650}, Point{-700, 900}}) {
+            CAPTURE(byMenu);
+            Player player;
+            player.start();
+            dockPlaylist(player);
+            simulated::moveByWindowManager(player.mainWindow(), place);
+            const Point list = placeOf(player.playlistWindow());
+            byMenu ? restoreByMenu() : world.tray.doubleClick();
+            CHECK(shown(player));
+            CHECK(placeOf(player.mainWindow()) == place);
+            CHECK(simulated::window(player.mainWindow()).size == platform::Size{276, 82});
+            CHECK(placeOf(player.playlistWindow()) == list);
+            CHECK(player.frmPlaylist().window.Visible());
+        }
+}
+
 TEST_CASE("the playlist stays as it is while the main window is hidden") {
     Player player;
     player.start();

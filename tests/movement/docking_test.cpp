@@ -171,6 +171,24 @@ TEST_CASE("a panel at the top counts where a pair is caught, not where it goes")
     check(docking::moveStacked, first, below, {0, 30, 1024, 768},
           {{{300, 0}, {300, 113}, {300, 0}, {300, 82}},
            {{300, 10}, {300, 92}, {300, 10}, {300, 92}}});
+    check(docking::moveStacked, below, first, {0, 30, 1024, 768},
+          {{{300, 92}, {300, 10}, {300, 92}, {300, 10}},
+           {{300, 93}, {300, 11}, {300, 82}, {300, 0}},
+           {{300, 131}, {300, 49}, {300, 82}, {300, 0}},
+           {{300, 132}, {300, 50}, {300, 132}, {300, 50}}});
+}
+
+TEST_CASE("a panel on the left counts where a pair is caught, not where it goes") {
+    check(docking::moveSideBySide, first, right, {60, 0, 1024, 768},
+          {{{40, 300}, {316, 300}, {40, 300}, {316, 300}},
+           {{41, 300}, {317, 300}, {41, 300}, {276, 300}},
+           {{79, 300}, {355, 300}, {79, 300}, {276, 300}},
+           {{80, 300}, {356, 300}, {80, 300}, {356, 300}}});
+    check(docking::moveSideBySide, right, first, {60, 0, 1024, 768},
+          {{{316, 300}, {40, 300}, {316, 300}, {40, 300}},
+           {{317, 300}, {41, 300}, {276, 300}, {0, 300}},
+           {{355, 300}, {79, 300}, {276, 300}, {0, 300}},
+           {{356, 300}, {80, 300}, {356, 300}, {80, 300}}});
 }
 
 TEST_CASE("a pair with the playlist on top takes both windows to the edges") {
