@@ -141,3 +141,40 @@ TEST_CASE("anything but a pointer file decodes to no pointer") {
     CHECK(toolkit::decodeCursor(file).picture.empty());
     CHECK(toolkit::decodeCursor({}).picture.empty());
 }
+
+TEST_CASE("a pointer file is taken apart pixel by pixel, its lowest row first") {
+    std::vector<std::byte> file(766);
+    const auto put = [&](std::size_t at, unsigned value) {
+        file.at(at) = static_cast<std::byte>(value);
+    };
+    put(2, 2);  // a pointer
+    put(10, 5); // where it points
+    put(12, 9);
+    put(14, 231); // what belongs to the file's next number
+    put(18, 22);
+    put(26, 32);
+    put(36, 4);
+    for (unsigned colour = 0; colour < 16; ++colour)
+        for (unsigned part = 0; part < 3; ++part)
+            put(62 + 4 * colour + part, 10 * colour + part);
+    const auto colourAt = [](unsigned index) { return (index * 7 + index / 32) % 16; };
+    for (unsigned index = 0; index < 1024; index += 2)
+        put(126 + index / 2, colourAt(index) << 4U | colourAt(index + 1));
+    put(638, 0x81); // the mask's first eight pixels: two that shine through
+
+    const platform::PointerShape shape = toolkit::decodeCursor(file);
+    CHECK(shape.hotSpot == platform::Point{5, 9});
+    REQUIRE(shape.picture.width == 32);
+    REQUIRE(shape.picture.height == 32);
+    int wrong = 0;
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 32; ++x) {
+            const auto index = static_cast<unsigned>((31 - y) * 32 + x);
+            const unsigned blue = 10 * colourAt(index);
+            const bool through = index == 0 || index == 7;
+            const platform::Pixel wanted =
+                through ? 0 : 0xFF000000U | (blue + 2) << 16U | (blue + 1) << 8U | blue;
+            wrong += shape.picture.row(y)[x] == wanted ? 0 : 1;
+        }
+    CHECK(wrong == 0);
+}

@@ -161,6 +161,14 @@ TEST_CASE("typing a letter goes to the next entry that starts with it, in either
     CHECK(after("") == 3);
 }
 
+TEST_CASE("typing a blank goes to the next entry that starts with one, and control keys to none") {
+    Scene scene({"Alpha", " beta", "\tgamma"});
+    simulated::typeText(scene.handle, " ");
+    CHECK(scene.selected() == 1);
+    simulated::typeText(scene.handle, "\t");
+    CHECK(scene.selected() == 1);
+}
+
 TEST_CASE("keys in an empty list select nothing") {
     Scene scene({});
     for (const Key key : {Key::Down, Key::Up, Key::Home, Key::End, Key::PageDown})
