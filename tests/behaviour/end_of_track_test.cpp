@@ -34,6 +34,30 @@ TEST_CASE("pausing before the first tick with tracks to come starts the next one
     CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
 }
 
+TEST_CASE("paused before its first tick, a track that followed another is taken for ended too") {
+    Player player;
+    playShortTracks(player, 0);
+    simulated::advance(3 * tick);
+    REQUIRE(world.media.openPath() == B);
+    // Length and position are still those of the track before, 2 seconds both.
+    pauseByKey(player);
+    world.media.forgetCommands();
+    simulated::advance(tick);
+    const Commands sent = commandsSent();
+    REQUIRE(sent.size() == 6);
+    CHECK(sent[0] == "Stop mpeg");
+    CHECK(sent[1] == "Close mpeg");
+    CHECK(world.media.openPath() == C);
+    CHECK(player.list().ListIndex() == 2);
+    CHECK(player.status() == "Playing");
+    pauseByKey(player);
+    simulated::advance(tick);
+    CHECK(player.status() == "Idle");
+    CHECK_FALSE(world.media.open());
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 3460);
+    CHECK(player.frmPlayer().pctprogressbardown.Left() == 3460);
+}
+
 TEST_CASE("at the end of the last entry without repeat play stops, shuffle or not") {
     for (const int shuffle : {0, -1}) {
         CAPTURE(shuffle);

@@ -329,6 +329,21 @@ TEST_CASE("more than 32767 wave devices are an overflow") {
     CHECK(message->find("6: Overflow") != std::string::npos);
 }
 
+TEST_CASE("as many wave devices as 16 bits count are none too many, any number above is") {
+    Player player;
+    world.sound.countForced = 32767;
+    world.sound.devices = {{0x11111111U, 5}, {0x80008000U, 0}};
+    player.start();
+    CHECK(player.program().waveDeviceId == 1);
+    for (const std::uint32_t count : {65536U, 65537U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
+        CAPTURE(count);
+        Player crowded;
+        world.sound.countForced = count;
+        CHECK(behaviour::fatalMessageOf([&] { crowded.program().Main(); }) ==
+              "Run-time error 6: Overflow");
+    }
+}
+
 TEST_CASE("a volume level is sent to both channels as one word") {
     const std::pair<double, std::uint32_t> levels[] = {{0, 0x00000000U},
                                                        {16200, 0x7E907E90U},

@@ -66,6 +66,26 @@ TEST_CASE("next on an empty list still stops what is paused") {
     CHECK(pauseKeysAreUp(three.player));
 }
 
+TEST_CASE("next and previous on an emptied list leave the sound alone, whatever the switches") {
+    for (const int repeat : {0, -1})
+        for (const int shuffle : {0, -1})
+            for (const bool next : {true, false}) {
+                CAPTURE(repeat);
+                CAPTURE(shuffle);
+                CAPTURE(next);
+                ThreeTracks three(0);
+                three.form().repeatOn = repeat;
+                three.form().shuffleOn = shuffle;
+                three.form().clearall();
+                next ? clickNext(three.player) : clickPrevious(three.player);
+                CHECK(commandsSent().empty());
+                CHECK(world.dialogs.opened.empty());
+                CHECK(three.index() == -1);
+                CHECK(three.player.status() == "Playing");
+                CHECK(world.media.openPath() == A);
+            }
+}
+
 TEST_CASE("next restarts a single track whatever the switches say") {
     for (const int repeat : {0, -1})
         for (const int shuffle : {0, -1}) {
@@ -219,6 +239,8 @@ TEST_CASE("two runs of the program shuffle alike") {
     std::vector<std::vector<int>> walks;
     for (int run = 0; run < 2; ++run) {
         Player player;
+        simulated::setTimeOfDay(7 + run, 30, 0);
+        simulated::advance(static_cast<std::uint64_t>(run) * 1234);
         startWithTwelveTracks(player);
         clickShuffle(player);
         walks.push_back(walkOf(player, 40));

@@ -88,3 +88,20 @@ TEST_CASE("a line is taken over in its order: the tracks, each window's left and
                                      {false, {9, 448}, 1, 0, false}});
     CHECK(player.frmPlayer().alarmHour == 7);
 }
+
+TEST_CASE("the saved list comes back in no order but its own, and is saved in it again") {
+    const std::string line = "3*0*0*C:\\m\\c.mp3/D:\\A.mp3/C:\\m\\c.mp3/C:\\b.wav/D:\\m\\B.mp3//"
+                             "*120*90*0*0**0*0*120*1320*\n";
+    const std::vector<std::string> titles = {"c.mp3", "A.mp3", "c.mp3", "b.wav", "B.mp3"};
+    Player player;
+    world.files.addFile(file, line);
+    player.start();
+    REQUIRE(player.list().ListCount() == 5);
+    for (int n = 0; n < 5; ++n)
+        CHECK(player.list().List(n) == titles[static_cast<std::size_t>(n)]);
+    CHECK(player.frmPlayer().trackPaths[0] == "C:\\m\\c.mp3");
+    CHECK(player.frmPlayer().trackPaths[4] == "D:\\m\\B.mp3");
+    CHECK(player.list().ListIndex() == 0);
+    CHECK(behaviour::endsTheProcess([&] { player.click(player.frmPlayer().pctquit); }));
+    CHECK(world.files.text(file) == line);
+}

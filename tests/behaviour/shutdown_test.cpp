@@ -130,6 +130,52 @@ TEST_CASE("the saved line holds the windows' places of the running player, playl
           "3*0*0*C:\\Music\\a.mp3/C:\\Music\\b.mp3//*150*5145*0*0**0*0*7560*3000*\n");
 }
 
+TEST_CASE("a player that ends while it is in the tray saves the places where it was hidden") {
+    Player player;
+    player.start();
+    player.click(player.frmPlayer().pctplaylist);
+    const auto drag = [](platform::WindowHandle window, platform::Point grip, int x, int y) {
+        simulated::pressAt(window, grip.x, grip.y);
+        simulated::moveTo(window, grip.x + x, grip.y + y);
+        simulated::release();
+    };
+    drag(player.mainWindow(), {20, 72}, 37, -60);
+    drag(player.playlistWindow(), {5, 50}, 50, 90);
+    player.click(player.frmPlayer().pctplaylistdown);
+    player.click(player.frmPlayer().pctminimise);
+    REQUIRE_FALSE(player.frmPlayer().window.Visible());
+    REQUIRE_FALSE(player.frmPlaylist().window.Visible());
+    world.menus.choose("Exit");
+    CHECK_THROWS_AS(world.tray.clickRight(), simulated::ProcessEnded);
+    CHECK(world.files.text(file) == "3*0*0**6165*4245*0*0**0*0*8310*8070*\n");
+}
+
+TEST_CASE("an alarm that was armed when the player quit lets its time pass in the next run") {
+    std::string line;
+    {
+        Player player;
+        world.files.addFile(file, "3*0*0*C:\\Music\\a.mp3//*120*90*7*0**0*0*120*1320*\n");
+        player.start();
+        player.click(player.frmPlayer().pctalarm);
+        player.click(player.frmPlayer().cmdSet);
+        REQUIRE(player.frmPlayer().lblshowtime.Caption() == "Timer On");
+        quit(player);
+        line = world.files.text(file);
+    }
+    Player player;
+    world.files.addFile(file, line);
+    world.media.addFile(A, 2000);
+    player.start();
+    REQUIRE(player.list().ListIndex() == 0);
+    // The tick that would start it runs, as after a play and a stop.
+    player.frmPlayer().Timer1.Enabled(true);
+    simulated::setTimeOfDay(6, 59, 50);
+    simulated::advance(20'000);
+    CHECK(player.status() == "Idle");
+    CHECK(commandsSent().empty());
+    CHECK(player.frmPlayer().lblshowtime.Caption() == "Timer off");
+}
+
 TEST_CASE("no tick runs between the quit and the end") {
     Player player;
     player.play({A});

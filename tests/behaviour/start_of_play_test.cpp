@@ -32,6 +32,16 @@ void checkQuietStart(Player& player) {
     CHECK(player.status() == "Idle");
 }
 
+/// The number of the error that cutting a field off this line ends in; 0 for none.
+int errorOfNextField(std::string line) {
+    try {
+        nextField(line, '*');
+    } catch (const runtime::NumberedError& error) {
+        return error.number;
+    }
+    return 0;
+}
+
 std::vector<std::string> playsOf(const std::vector<std::string>& commands) {
     std::vector<std::string> plays;
     for (const std::string& command : commands)
@@ -230,6 +240,44 @@ TEST_CASE("paused with an emptied list and the dialog confirmed, the picked trac
     CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
 }
 
+TEST_CASE("play while paused over an emptied list asks for files and lifts both pause keys") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    simulated::advance(50'000);
+    player.click(player.frmPlayer().pctpause);
+    player.frmPlaylist().pctPlsPause.Visible(false);
+    player.frmPlaylist().pctPlsPauseDown.Visible(true);
+    REQUIRE(player.frmPlayer().pctpausedown.Visible());
+    player.frmPlayer().clearall();
+    world.media.addFile("C:\\Music\\b.mp3", 3000);
+    world.dialogs.pickFiles({"C:\\Music\\b.mp3"}, [&] {
+        CHECK(player.status() == "Paused");
+        CHECK(player.frmPlayer().pctpausedown.Visible());
+    });
+    player.click(player.frmPlayer().pctPlay);
+    CHECK(world.dialogs.opened.size() == 1);
+    CHECK(player.status() == "Playing");
+    CHECK(world.media.openPath() == "C:\\Music\\b.mp3");
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+    CHECK(player.frmPlayer().seekOffset == 0);
+}
+
+TEST_CASE("a paused track resumes first, and the entry selected since plays at the next start") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
+    player.click(player.frmPlayer().pctpause);
+    player.list().ListIndex(1);
+    player.click(player.frmPlayer().pctPlay);
+    CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
+    CHECK(player.list().ListIndex() == 1);
+    player.click(player.frmPlayer().pctPlay);
+    CHECK(world.media.openPath() == "C:\\Music\\b.mp3");
+    CHECK(player.status() == "Playing");
+}
+
 TEST_CASE("paused with an emptied list and the dialog cancelled, the stale path is tried again") {
     Player player;
     player.play({"C:\\Music\\a.mp3"});
@@ -286,6 +334,7 @@ TEST_CASE("fields are cut off a line one by one until there is none left") {
     CHECK(nextField(line, '*') == "cd");
     CHECK(line.empty());
     CHECK_THROWS_AS(nextField(line, '*'), runtime::NumberedError);
+    CHECK(errorOfNextField("") == runtime::Overflow);
 }
 
 TEST_CASE("a field may be empty") {
@@ -324,4 +373,5 @@ TEST_CASE("positions in a line count characters, whatever their bytes") {
 TEST_CASE("a line without the delimiter is an overflow") {
     std::string line = "no end";
     CHECK_THROWS_AS(nextField(line, '*'), runtime::NumberedError);
+    CHECK(errorOfNextField("no end") == runtime::Overflow);
 }

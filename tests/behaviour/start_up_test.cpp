@@ -40,6 +40,10 @@ TEST_CASE("a second copy exits in silence and drops its file") {
     CHECK(simulated::log().empty());
     CHECK(world.windows.all.empty());
     CHECK(player.program().engine == nullptr);
+    CHECK(world.messages.shown.empty());
+    CHECK(world.media.commands().empty());
+    CHECK(world.sound.calls.empty());
+    CHECK_FALSE(world.tray.icon);
 }
 
 TEST_CASE("after the start the main window shows and the playlist hides, both shaped") {
@@ -210,6 +214,33 @@ TEST_CASE("without settings the main window is centred and the playlist keeps it
     CHECK(player.list().ListIndex() == -1);
 }
 
+TEST_CASE("without settings the main window is in the middle of the screen, whatever its size") {
+    struct Row {
+        platform::Size screen;
+        platform::Rect workArea;
+        float twipsX;
+        float twipsY;
+    };
+    const Row rows[] = {{{1920, 1081}, {60, 30, 1000, 700}, 15, 15},
+                        {{640, 480}, {0, 0, 640, 480}, 15, 15},
+                        {{800, 600}, {100, 0, 800, 600}, 12, 20}};
+    for (const Row& row : rows) {
+        CAPTURE(row.screen.width);
+        Player player;
+        world.desktop.screen = row.screen;
+        world.desktop.workArea = row.workArea;
+        world.desktop.twipsPerPixelX = row.twipsX;
+        world.desktop.twipsPerPixelY = row.twipsY;
+        player.start();
+        const auto width = static_cast<float>(row.screen.width) * row.twipsX;
+        const auto height = static_cast<float>(row.screen.height) * row.twipsY;
+        CHECK(player.frmPlayer().window.Left() == (width - 4140) / 2);
+        CHECK(player.frmPlayer().window.Top() == (height - 1230) / 2);
+        CHECK(player.frmPlaylist().window.Left() == 7560);
+        CHECK(player.frmPlaylist().window.Top() == 6720);
+    }
+}
+
 TEST_CASE("the work area is read once at the start") {
     Player player;
     world.desktop.workArea = {60, 30, 1000, 700};
@@ -322,10 +353,16 @@ TEST_CASE("a file from the command line plays before the main window shows") {
 
 TEST_CASE("a command line that doesn't end in mp3 is ignored") {
     for (const char* tail :
-         {"C:\\Music\\a.wav", "\"C:\\Music\\a.mp3\"", "p3", "mp", "C:\\a.mp3 "}) {
+         {"C:\\Music\\a.wav", "\"C:\\Music\\a.mp3\"", "p3", "mp", "C:\\a.mp3 ", "C:\\Music\\a.WAV",
+          "C:\\a.mp3 C:\\b.wav", "C:\\Music\\a.mp", "C:\\a.xp3", ""}) {
         CAPTURE(tail);
         Player player;
+        // Each of them is there to be played.
+        for (const char* file : {tail, "C:\\Music\\a.mp3", "C:\\a.mp3"})
+            if (*file == 'C') world.media.addFile(file, 3000);
         player.start(tail);
+        CHECK(world.media.commands().empty());
+        CHECK(world.messages.shown.empty());
         CHECK(player.frmPlayer().trackCount == 0);
         CHECK(player.list().ListCount() == 0);
         CHECK(player.status() == "Idle");
@@ -349,12 +386,22 @@ TEST_CASE("a file from the command line goes behind the saved list, is selected 
     world.files.addFile("C:\\Orvan\\MyPlayerSettings.mps",
                         "3*0*0*C:\\x.mp3/C:\\y.mp3//*120*90*0*0**0*0*120*1320*\r\n");
     world.media.addFile("C:\\a.mp3", 3000);
+    world.media.addFile("C:\\x.mp3", 3000);
     player.start("C:\\a.mp3");
     CHECK(player.frmPlayer().trackCount == 3);
     CHECK(player.list().List(0) == "x.mp3");
     CHECK(player.list().List(2) == "a.mp3");
     CHECK(player.list().ListIndex() == 2);
     CHECK(world.media.openPath() == "C:\\a.mp3");
+    // The saved list stays in front of it, as a whole, and nothing of it is played.
+    const char* paths[] = {"C:\\x.mp3", "C:\\y.mp3", "C:\\a.mp3"};
+    CHECK(player.list().ListCount() == 3);
+    CHECK(player.list().List(1) == "y.mp3");
+    for (int n = 0; n < 3; ++n)
+        CHECK(player.frmPlayer().trackPaths[n] == paths[n]);
+    CHECK(player.status() == "Playing");
+    CHECK(world.media.playing());
+    CHECK(world.media.commands().size() == 4);
 }
 
 TEST_CASE("the volume thumb follows the device and not the settings") {

@@ -11,6 +11,12 @@ TEST_CASE("each random source draws the same sequence") {
     }
 }
 
+TEST_CASE("the draws of one program are those of every other") {
+    runtime::Random source;
+    for (const int draw : {13668795, 2272926, 15196666, 14009119, 2130485})
+        CHECK(source.next() == static_cast<float>(draw) / 16777216.0F);
+}
+
 TEST_CASE("draws lie from 0 to below 1 and reach every tenth about equally often") {
     runtime::Random source;
     int tenths[10] = {};

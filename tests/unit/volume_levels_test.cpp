@@ -61,3 +61,12 @@ TEST_CASE("a word above half counts as two less than its unsigned value") {
         CHECK(volume::percentOf(row.first) == row.second / 65537 / 2 / 32767 * 100);
     }
 }
+
+TEST_CASE("of all words only the one that silences the left channel is replaced") {
+    CHECK(volume::safeWord(0xFFFF0000U) == 0xFFFEFFFFU);
+    for (const std::uint32_t word : {0x00000000U, 0x0000FFFFU, 0x7FFFFFFFU, 0x80000000U,
+                                     0xFFFEFFFFU, 0xFFFF0001U, 0xFFFFFFFFU}) {
+        CAPTURE(word);
+        CHECK(volume::safeWord(word) == word);
+    }
+}
