@@ -246,6 +246,9 @@ TEST_CASE("two runs of the program shuffle alike") {
         walks.push_back(walkOf(player, 40));
     }
     CHECK(walks[0] == walks[1]);
+    // And like every other: the source's first draws, of twelve tracks.
+    CHECK(std::vector<int>(walks[0].begin(), walks[0].begin() + 5) ==
+          std::vector<int>{9, 1, 10, 10, 1});
     bool inOrder = true;
     for (std::size_t i = 1; i < walks[0].size(); ++i)
         inOrder = inOrder && walks[0][i] == walks[0][i - 1] + 1;
