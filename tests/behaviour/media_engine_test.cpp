@@ -245,6 +245,17 @@ TEST_CASE("length and position of a closed device are -1") {
     CHECK(player.engine().CurrentPosition() == -1);
 }
 
+TEST_CASE("length and position of a device that was closed after play are -1, not what they were") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    simulated::advance(5000);
+    REQUIRE(alone.engine().Duration() == 200'000);
+    REQUIRE(alone.engine().CurrentPosition() > 1);
+    alone.engine().StopM();
+    CHECK(alone.engine().Duration() == -1);
+    CHECK(alone.engine().CurrentPosition() == -1);
+}
+
 TEST_CASE("a length is asked for even if the time format was refused") {
     EngineAlone alone;
     world.media.fail("set mpeg time format");

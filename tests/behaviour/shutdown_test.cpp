@@ -124,10 +124,12 @@ TEST_CASE("the saved line holds the windows' places of the running player, playl
     player.play({A, B});
     player.frmPlaylist().window.Show();
     player.frmPlayer().window.Left(150);
+    player.frmPlayer().window.Top(75);
+    player.frmPlaylist().window.Left(8010);
     player.frmPlaylist().window.Top(3000);
     quit(player);
     CHECK(world.files.text(file) ==
-          "3*0*0*C:\\Music\\a.mp3/C:\\Music\\b.mp3//*150*5145*0*0**0*0*7560*3000*\n");
+          "3*0*0*C:\\Music\\a.mp3/C:\\Music\\b.mp3//*150*75*0*0**0*0*8010*3000*\n");
 }
 
 TEST_CASE("a player that ends while it is in the tray saves the places where it was hidden") {

@@ -265,6 +265,33 @@ TEST_CASE("play while paused over an emptied list asks for files and lifts both 
     CHECK(player.frmPlayer().seekOffset == 0);
 }
 
+TEST_CASE(
+    "paused, and a cancelled dialog behind which a row was selected: the paused track resumes") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    player.click(player.frmPlayer().pctpause);
+    player.frmPlaylist().pctPlsPause.Visible(false);
+    player.frmPlaylist().pctPlsPauseDown.Visible(true);
+    player.frmPlayer().clearall();
+    world.dialogs.cancelFiles([&] {
+        player.addTracks({"D:\\Other\\b.mp3"});
+        player.list().ListIndex(0);
+        world.media.forgetCommands();
+    });
+    player.frmPlayer().startfile();
+    // The new file finds the device taken, so the pause is still on and play lifts it.
+    const auto sent = commandsSent();
+    REQUIRE(sent.size() == 2);
+    CHECK(sent[0].starts_with("open D:\\Other\\b.mp3 "));
+    CHECK(sent[1] == "Resume mpeg");
+    CHECK(world.media.openPath() == "C:\\Music\\a.mp3");
+    CHECK(player.status() == "Playing");
+    CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
+    CHECK(player.frmPlayer().pctprogressbar.Left() == 240);
+}
+
 TEST_CASE("a paused track resumes first, and the entry selected since plays at the next start") {
     Player player;
     player.play({"C:\\Music\\a.mp3", "C:\\Music\\b.mp3"});
