@@ -117,6 +117,26 @@ TEST_CASE("a folder without any MP3 adds nothing and shows nothing") {
     CHECK(commandsSent().empty());
 }
 
+TEST_CASE("a folder without any MP3 is walked to its depths, and the list stays as it was") {
+    Player player;
+    player.play({A, B});
+    player.list().ListIndex(1);
+    commandsSent();
+    world.files.addFile("C:\\More\\deep\\down\\a.wav");
+    world.files.addFolder("C:\\More\\empty");
+    simulated::clearLog();
+    walk(player, "C:\\More");
+    Texts listed;
+    for (const std::string& note : simulated::log())
+        if (note.starts_with("list files ")) listed.push_back(note.substr(11));
+    CHECK(listed == Texts{"C:\\More", "C:\\More\\deep", "C:\\More\\empty", "C:\\More\\deep\\down"});
+    CHECK(paths(player) == Texts{A, B});
+    CHECK(titles(player) == Texts{"a.mp3", "b.mp3"});
+    CHECK(player.list().ListIndex() == 1);
+    CHECK(commandsSent().empty());
+    CHECK(world.messages.shown.empty());
+}
+
 TEST_CASE("a second folder is walked without the leftovers of the first") {
     Player player;
     player.start();

@@ -53,6 +53,19 @@ TEST_CASE("a cancelled open dialog leaves selection and sound as they are") {
     CHECK(world.media.openPath() == A);
 }
 
+TEST_CASE("a cancelled open dialog forgets nothing of the files picked before it") {
+    Player player;
+    player.start();
+    pick(player, {A, B});
+    const std::string names = player.frmPlayer().savedTrackList;
+    world.dialogs.cancelFiles();
+    player.frmPlayer().openfiles();
+    CHECK(titles(player) == Texts{"a.mp3", "b.mp3"});
+    CHECK(paths(player) == Texts{A, B});
+    CHECK(player.frmPlayer().lastFolder == "C:\\Music");
+    CHECK(player.frmPlayer().savedTrackList == names + nul());
+}
+
 TEST_CASE("one file picked is added by its path and title, selected and played") {
     Player player;
     player.start();
@@ -138,6 +151,19 @@ TEST_CASE("the same file added twice is two entries") {
     pick(player, {A});
     CHECK(titles(player) == Texts{"a.mp3", "a.mp3"});
     CHECK(player.list().ListIndex() == 1);
+}
+
+TEST_CASE("a file is listed as often as it is added, by itself, among several or by its folder") {
+    Player player;
+    player.start();
+    pick(player, {A, B});
+    pick(player, {A, B});
+    pick(player, {B});
+    walk(player, "C:\\Music");
+    walk(player, "C:\\Music");
+    CHECK(titles(player) ==
+          Texts{"a.mp3", "b.mp3", "a.mp3", "b.mp3", "b.mp3", "a.mp3", "b.mp3", "a.mp3", "b.mp3"});
+    CHECK(paths(player) == Texts{A, B, A, B, B, A, B, A, B});
 }
 
 TEST_CASE("files added while paused only wait: the paused track resumes") {
