@@ -41,6 +41,17 @@ void checkLeft(OpenPlaylist& player, const Texts& left, int selected) {
     CHECK(paths(player) == expected);
 }
 
+constexpr const char* settingsFile = "C:\\Orvan\\MyPlayerSettings.mps";
+
+/// The list in the line that the player has saved.
+std::string savedList() {
+    const std::string& line = world.files.text(settingsFile);
+    std::size_t start = 0;
+    for (int field = 0; field < 3; ++field)
+        start = line.find('*', start) + 1;
+    return line.substr(start, line.find('*', start) - start);
+}
+
 void playToTheEnd() { simulated::advance(201'000); }
 
 } // namespace
@@ -59,6 +70,31 @@ TEST_CASE("remove all on an empty list shows nothing and leaves one empty path")
     player.click(player.form.pctClearAll);
     checkLeft(player, {}, -1);
     CHECK(world.messages.shown.empty());
+}
+
+TEST_CASE("neither remove nor remove all changes a thing that is seen or kept on an empty list") {
+    for (const bool all : {false, true}) {
+        CAPTURE(all);
+        OpenPlaylist player;
+        FrmPlayer& main = player.frmPlayer();
+        main.savedTrackList = "left over";
+        main.lastFolder = "C:\\Music";
+        const auto list = simulated::picture(player.playlistWindow());
+        const auto face = simulated::picture(player.mainWindow());
+        commandsSent();
+        player.click(all ? player.form.pctClearAll : player.form.pctClear);
+        CHECK(player.selected() == -1);
+        CHECK(player.list().ListCount() == 0);
+        CHECK(main.trackCount == 0);
+        CHECK(main.savedTrackList == (all ? "" : "left over"));
+        CHECK(main.lastFolder == "C:\\Music");
+        CHECK_FALSE(main.Timer1.Enabled());
+        CHECK(commandsSent().empty());
+        CHECK(world.messages.shown.empty());
+        CHECK(world.dialogs.opened.empty());
+        CHECK(simulated::picture(player.playlistWindow()) == list);
+        CHECK(simulated::picture(player.mainWindow()) == face);
+    }
 }
 
 TEST_CASE("remove empties a list of one, selected or not") {
@@ -162,6 +198,30 @@ TEST_CASE("remove doesn't interrupt the sound, and the display goes on") {
     simulated::advance(3000);
     CHECK(player.frmPlaylist().lblPlaying.Caption() == "Playing");
     CHECK(player.frmPlaylist().lblTitle.Caption() == "5 / 200");
+}
+
+TEST_CASE("a removal leaves every display as it stands, and the next tick moves each of them on") {
+    for (const bool all : {false, true})
+        for (const int count : {1, 3}) {
+            CAPTURE(all);
+            CAPTURE(count);
+            OpenPlaylist player;
+            player.playLetters(count);
+            simulated::advance(10 * 966);
+            FrmPlayer& main = player.frmPlayer();
+            const auto shown = [&] {
+                return Texts{main.lblTimenow.Caption(), player.form.lblTitle.Caption(),
+                             player.form.lblPlaying.Caption()};
+            };
+            const toolkit::Twips thumb = main.pctprogressbar.Left();
+            CHECK(shown() == Texts{"-03:10", "10 / 200", "Playing"});
+            player.click(all ? player.form.pctClearAll : player.form.pctClear);
+            CHECK(shown() == Texts{"-03:10", "10 / 200", "Playing"});
+            CHECK(main.pctprogressbar.Left() == thumb);
+            simulated::advance(966);
+            CHECK(shown() == Texts{"-03:09", "11 / 200", "Playing"});
+            CHECK(main.pctprogressbar.Left() > thumb);
+        }
 }
 
 TEST_CASE("no removal asks the device for anything, whatever is removed and whatever is left") {
@@ -281,6 +341,30 @@ TEST_CASE("after remove all the settings hold an empty list") {
     const std::string line = world.files.text("C:\\Orvan\\MyPlayerSettings.mps");
     CHECK(line.find("**") != std::string::npos);
     CHECK(line.find(".mp3") == std::string::npos);
+}
+
+TEST_CASE(
+    "after remove all the list that is saved is no text at all, and the next start has none") {
+    std::string saved;
+    {
+        OpenPlaylist player;
+        player.addLetters(3);
+        player.list().ListIndex(1);
+        player.click(player.form.pctClearAll);
+        CHECK(player.frmPlayer().trackCount == 0);
+        CHECK(player.list().ListCount() == 0);
+        CHECK(player.selected() == -1);
+        simulated::closeByUser(player.mainWindow());
+        CHECK(savedList().empty());
+        saved = world.files.text(settingsFile);
+    }
+    behaviour::Player player;
+    world.files.addFile(settingsFile, saved);
+    player.start();
+    CHECK(player.list().ListCount() == 0);
+    CHECK(player.list().ListIndex() == -1);
+    CHECK(player.frmPlayer().trackCount == 0);
+    CHECK(world.messages.shown.empty());
 }
 
 TEST_CASE("after a removal the settings hold what is left, in its order") {
