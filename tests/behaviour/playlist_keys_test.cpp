@@ -80,6 +80,31 @@ TEST_CASE("a key of the playlist fires at the release, wherever that is, and wit
     CHECK(player.sounding() == "C:\\Music\\d.mp3");
 }
 
+TEST_CASE("every key of the playlist acts though it is let go far outside the window") {
+    for (std::size_t n = 0; n < 7; ++n) {
+        OpenPlaylist player;
+        player.playLetters(3);
+        std::vector<KeyPair> all = springingKeys(player.form);
+        all.push_back(
+            {player.form.pctPlaylistQuit, player.form.pctPlaylistQuitDown, "hide window"});
+        all.push_back(
+            {player.form.pctPlaylistMini, player.form.pctPlaylistMiniDown, "hide window"});
+        const KeyPair key = all.at(n);
+        CAPTURE(key.up.name());
+        bool acted = false;
+        world.watch = [&](const std::string& note) { acted |= note.starts_with(key.setsOff); };
+        player.press(key.up);
+        simulated::moveToScreen(-500, -500);
+        CHECK_FALSE(acted);
+        CHECK(key.down.Visible());
+        simulated::release();
+        world.watch = nullptr;
+        CHECK(acted);
+        CHECK(key.up.Visible());
+        CHECK_FALSE(key.down.Visible());
+    }
+}
+
 TEST_CASE("the keys of the playlist leave the main window's keys alone") {
     OpenPlaylist player;
     player.playLetters(3);
@@ -217,6 +242,27 @@ TEST_CASE("the playlist's pause does nothing while nothing plays") {
     CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
     CHECK(player.frmPlaylist().lblPlaying.Caption().empty());
     CHECK(commandsSent().empty());
+    CHECK_FALSE(player.frmPlayer().Timer1.Enabled());
+}
+
+TEST_CASE("the playlist's pause does nothing after a stop either, from whichever window") {
+    for (const bool main : {false, true}) {
+        CAPTURE(main);
+        OpenPlaylist player;
+        player.playLetters(1);
+        simulated::advance(966);
+        player.click(main ? player.frmPlayer().pctstop : player.form.pctPlsStop);
+        commandsSent();
+        player.press(player.form.pctPlsPause);
+        CHECK(player.form.pctPlsPause.Visible());
+        CHECK_FALSE(player.form.pctPlsPauseDown.Visible());
+        CHECK(player.form.lblPlaying.Caption().empty());
+        simulated::release();
+        CHECK(player.status() == "Idle");
+        CHECK(commandsSent().empty());
+        CHECK(player.form.pctPlsPause.Visible());
+        CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
+    }
 }
 
 TEST_CASE("a pause made in the main window shows and ends there only") {
@@ -228,9 +274,12 @@ TEST_CASE("a pause made in the main window shows and ends there only") {
     CHECK(player.frmPlayer().pctpause.Visible());
     CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
     CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    commandsSent();
     player.click(player.form.pctPlsPause);
+    CHECK(commandsSent().empty());
     CHECK(player.status() == "Paused");
     CHECK(player.frmPlaylist().pctPlsPause.Visible());
+    CHECK_FALSE(player.frmPlaylist().pctPlsPauseDown.Visible());
     player.click(player.frmPlayer().pctpausedown);
     CHECK(player.status() == "Playing");
     CHECK_FALSE(player.frmPlayer().pctpausedown.Visible());
@@ -314,6 +363,13 @@ TEST_CASE("a pause that the device refuses leaves the key down and the word") {
     CHECK(player.status() == "Playing");
     CHECK(player.frmPlaylist().pctPlsPauseDown.Visible());
     CHECK(player.frmPlaylist().lblPlaying.Caption() == "Paused");
+    // There is no pause that a press on it could end.
+    commandsSent();
+    player.click(player.form.pctPlsPauseDown);
+    CHECK(commandsSent().empty());
+    CHECK(player.status() == "Playing");
+    CHECK(player.form.pctPlsPauseDown.Visible());
+    CHECK_FALSE(player.form.pctPlsPause.Visible());
 }
 
 TEST_CASE("tooltips of the playlist show over what is pressed, and pause's over the key at rest") {

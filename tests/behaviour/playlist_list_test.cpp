@@ -141,6 +141,27 @@ TEST_CASE("with three entries or fewer the scroll keys press and release and scr
     }
 }
 
+TEST_CASE("a scroll key is seen to go down and up again, with nothing to scroll too") {
+    for (const int count : {0, 3}) {
+        CAPTURE(count);
+        OpenPlaylist player;
+        player.addLetters(count);
+        const auto face = [&] { return simulated::picture(player.playlistWindow()); };
+        const platform::Picture before = face();
+        std::vector<platform::Picture> sunk;
+        for (const toolkit::Control* key :
+             {static_cast<toolkit::Control*>(&player.form.pctLBoxDownUp),
+              static_cast<toolkit::Control*>(&player.form.pctLBoxUpUp)}) {
+            player.press(*key);
+            sunk.push_back(face());
+            CHECK_FALSE(sunk.back() == before);
+            simulated::release();
+            CHECK(face() == before);
+        }
+        CHECK_FALSE(sunk[0] == sunk[1]);
+    }
+}
+
 TEST_CASE("a scroll key held down doesn't repeat, and scrolls wherever it is let go") {
     OpenPlaylist player;
     player.addLetters(10);
