@@ -322,6 +322,25 @@ TEST_CASE("a press on pause while nothing plays shows and changes nothing") {
     simulated::release();
     CHECK(commandsSent().empty());
     CHECK(player.frmPlaylist().lblPlaying.Caption().empty());
+    CHECK_FALSE(form.Timer1.Enabled());
+}
+
+TEST_CASE("a press on pause after a stop shows and changes nothing") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    FrmPlayer& form = player.frmPlayer();
+    simulated::advance(966);
+    player.click(form.pctstop);
+    world.media.forgetCommands();
+    const platform::Picture face = simulated::picture(player.mainWindow());
+    player.press(form.pctpause);
+    CHECK(simulated::picture(player.mainWindow()) == face);
+    CHECK_FALSE(form.pctpausedown.Visible());
+    simulated::release();
+    CHECK(commandsSent().empty());
+    CHECK(player.status() == "Idle");
+    CHECK(player.frmPlaylist().lblPlaying.Caption().empty());
+    CHECK(player.frmPlaylist().pctPlsPause.Visible());
 }
 
 TEST_CASE("a pause that the device refuses leaves the key down and the player playing") {
@@ -344,6 +363,19 @@ TEST_CASE("a sunk pause key without a pause stays down when it is pressed") {
     world.media.forgetCommands();
     player.click(player.frmPlayer().pctpausedown);
     CHECK(commandsSent().empty());
+    CHECK(player.frmPlayer().pctpausedown.Visible());
+}
+
+TEST_CASE("a sunk pause key stays down while a track plays on, as after a pause that was refused") {
+    Player player;
+    player.play({"C:\\Music\\a.mp3"});
+    world.media.fail("Pause");
+    player.click(player.frmPlayer().pctpause);
+    REQUIRE(player.status() == "Playing");
+    world.media.forgetCommands();
+    player.click(player.frmPlayer().pctpausedown);
+    CHECK(commandsSent().empty());
+    CHECK(player.status() == "Playing");
     CHECK(player.frmPlayer().pctpausedown.Visible());
 }
 

@@ -358,6 +358,38 @@ TEST_CASE("a click on the time flips it at the next tick and not before") {
     CHECK(form.lblTimenow.Caption() == "-03:17");
 }
 
+TEST_CASE("a click on the time between two ticks waits for the one that is due, and asks nothing") {
+    Player player;
+    player.play({A});
+    simulated::advance(966 + 400);
+    commandsSent();
+    clickTime(player);
+    CHECK(commandsSent().empty());
+    CHECK(timeNow(player) == "-03:19");
+    simulated::advance(565);
+    CHECK(timeNow(player) == "-03:19");
+    simulated::advance(1);
+    CHECK(timeNow(player) == "00:02");
+}
+
+TEST_CASE("a click on the time counts while nothing plays and in a pause too") {
+    Player player;
+    player.start();
+    player.addTracks({A});
+    clickTime(player);
+    CHECK(player.frmPlayer().showElapsed);
+    CHECK(timeNow(player).empty());
+    player.list().ListIndex(0);
+    player.frmPlayer().startfile();
+    simulated::advance(966);
+    CHECK(timeNow(player) == "00:01");
+    player.click(player.frmPlayer().pctpause);
+    clickTime(player);
+    CHECK_FALSE(player.frmPlayer().showElapsed);
+    simulated::advance(966);
+    CHECK(timeNow(player) == "00:01");
+}
+
 TEST_CASE("a press on the time that slides off it is no click") {
     Player player;
     player.start();
