@@ -93,6 +93,35 @@ TEST_CASE("with nothing playing the strip neither seeks nor drags") {
     }
 }
 
+TEST_CASE("what the rows of the strip do while a track plays, and what they do while none does") {
+    struct Row {
+        int y;
+        bool strip;
+    };
+    for (const Row& row : {Row{strip::RowAbove, false}, Row{strip::FirstRow, true},
+                           Row{strip::LastRow, true}, Row{strip::RowBelow, false}})
+        for (const char* status : {"Playing", "Paused", "Idle"}) {
+            CAPTURE(row.y);
+            CAPTURE(status);
+            Player player;
+            playHalfway(player);
+            if (status == std::string("Paused")) player.click(player.frmPlayer().pctpause);
+            if (status == std::string("Idle")) player.click(player.frmPlayer().pctstop);
+            REQUIRE(player.status() == status);
+            world.media.forgetCommands();
+            const toolkit::Twips thumb = player.frmPlayer().pctprogressbar.Left();
+            const platform::Point before = simulated::window(player.mainWindow()).position;
+            simulated::pressAt(player.mainWindow(), leftOfThumb, row.y);
+            const bool seeks = row.strip && status == std::string("Playing");
+            CHECK(sought(commandsSent()) == seeks);
+            CHECK((player.frmPlayer().pctprogressbar.Left() != thumb) == seeks);
+            simulated::moveToScreen(500, 400);
+            simulated::release();
+            CHECK((simulated::window(player.mainWindow()).position == before) == row.strip);
+            CHECK(commandsSent().empty());
+        }
+}
+
 TEST_CASE("after a stop the strip is dead, at the hidden thumb's place too") {
     for (const int x : {5, leftOfThumb, 130, 250}) {
         CAPTURE(x);
