@@ -255,6 +255,37 @@ TEST_CASE("without a wave device the slider moves and its calls fail in silence"
     CHECK(world.messages.shown.size() == 1);
 }
 
+TEST_CASE("without a wave device the stops make their calls too, at every move") {
+    for (const int flick : {40, -40}) {
+        CAPTURE(flick);
+        Player player;
+        world.sound.devices.clear();
+        player.start();
+        Drag drag(player, 2700);
+        drag.to(flick);
+        callsMade();
+        drag.to(flick);
+        drag.to(0);
+        const std::string call = flick > 0 ? "set 0 FFFEFFFF" : "set 0 00000000";
+        CHECK(callsMade() == Calls{call, call});
+        CHECK(drag.slider().Left() == (flick > 0 ? 3000 : 2400));
+        drag.release();
+        CHECK(world.messages.shown.size() == 1);
+    }
+}
+
+TEST_CASE("the first move sends the level of the very place, a fraction of a twip and all") {
+    Player player;
+    player.start();
+    Drag drag(player, 2700.25F);
+    callsMade();
+    drag.to(4);
+    CHECK(player.frmPlayer().volumeLevel == 300.25 * 54);
+    CHECK(callsMade() == Calls{"set 0 7EAB7EAB"});
+    CHECK(drag.slider().Left() == 2760); // it follows from the place in whole twips
+    drag.release();
+}
+
 TEST_CASE("a move of the slider sets the volume, and then reads the pointer") {
     Player player;
     player.start();
