@@ -30,10 +30,10 @@ toolkit::FormData formOfAnySize() {
 
 /// A text box of 106 pixels, which leave room for 16 letters, on a form of its own.
 struct Box {
-    explicit Box(const std::string& text) {
+    explicit Box(const std::string& text, std::int32_t width = 106) {
         simulated::reset();
         REQUIRE(platform::measureText(font, "x") == platform::Size{letterWidth, rowHeight});
-        box.place(form, "Text1", {0, 0, 106 * 15, 3000}, true, "");
+        box.place(form, "Text1", {0, 0, static_cast<toolkit::Twips>(width) * 15, 3000}, true, "");
         box.setText(text, font, toolkit::Blue, toolkit::White);
         form.add(box);
     }
@@ -67,6 +67,11 @@ TEST_CASE("a line that fits exactly is not folded, blanks behind it don't count"
     Box box("123456 890123456   \r\n123456 8901234567");
     CHECK(textsOf(box.rows()) ==
           std::vector<std::string>{"123456 890123456", "123456", "8901234567"});
+    // To the very pixel: six letters and the margins.
+    Box narrow("12 456", 6 * letterWidth + 6);
+    CHECK(textsOf(narrow.rows()) == std::vector<std::string>{"12 456"});
+    Box narrower("12 456", 6 * letterWidth + 5);
+    CHECK(textsOf(narrower.rows()) == std::vector<std::string>{"12", "456"});
 }
 
 TEST_CASE("a word wider than the text box has a row of its own") {

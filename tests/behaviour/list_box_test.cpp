@@ -92,6 +92,15 @@ TEST_CASE("a press on the last pixels below the third row is on the third row") 
     CHECK(scene.top() == 0);
 }
 
+TEST_CASE("the first pixel of a row belongs to it") {
+    Scene scene;
+    scene.list.TopIndex(2);
+    simulated::click(scene.handle, column, firstRow);
+    CHECK(scene.selected() == 2);
+    simulated::click(scene.handle, column, firstRow + rowHeight);
+    CHECK(scene.selected() == 3);
+}
+
 TEST_CASE("a press below the entries and a press with the right button select nothing") {
     Scene scene{"only"};
     scene.press(1);
@@ -252,4 +261,33 @@ TEST_CASE("the three entries in view are drawn, the selected one on a bar") {
     CHECK(shown.row(49)[270] != back);
     CHECK(shown.row(50)[270] == back);
     CHECK(world.text.drawn[1].colour != world.text.drawn[0].colour);
+}
+
+TEST_CASE("a view that is scrolled is drawn anew, each text in the middle of its row") {
+    Scene scene;
+    simulated::picture(scene.handle);
+    scene.list.TopIndex(2);
+    world.text.drawn.clear();
+    simulated::picture(scene.handle);
+    CHECK(world.text.shows("gamma"));
+    // Seven pixels of the thirteen.
+    scene.list.setText({"Small", 4.5, false, false}, toolkit::Yellow);
+    scene.list.AddItem("more");
+    world.text.drawn.clear();
+    simulated::picture(scene.handle);
+    REQUIRE(world.text.drawn.size() == 3);
+    REQUIRE(platform::measureText({"Small", 4.5, false, false}, "x").height == 7);
+    CHECK(world.text.drawn[0].origin.y == firstRow + 3);
+    CHECK(world.text.drawn[1].origin.y == firstRow + rowHeight + 3);
+}
+
+TEST_CASE("a pointer that comes with its button down selects nothing") {
+    Scene scene;
+    scene.press(0);
+    // It was pressed over another program's window.
+    simulated::window(scene.handle)
+        .events.pointer({.action = platform::PointerAction::Move,
+                         .position = {column, middleOfRow(2)},
+                         .buttonsHeld = true});
+    CHECK(scene.selected() == 0);
 }

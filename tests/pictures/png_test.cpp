@@ -27,6 +27,37 @@ std::string unpacked(std::initializer_list<unsigned> packed, std::size_t size) {
     return text;
 }
 
+/// Bytes stored as they are, in the form of RFC 1950 and 1951.
+std::vector<std::byte> stored(const std::vector<std::byte>& plain) {
+    const auto size = static_cast<unsigned>(plain.size());
+    std::vector<std::byte> packed =
+        bytes({0x78, 0x01, 1, size & 0xFFU, size >> 8U, ~size & 0xFFU, ~size >> 8U & 0xFFU});
+    packed.insert(packed.end(), plain.begin(), plain.end());
+    unsigned sum = 1;
+    unsigned sumOfSums = 0;
+    for (const std::byte byte : plain) {
+        sum = (sum + std::to_integer<unsigned>(byte)) % 65521;
+        sumOfSums = (sumOfSums + sum) % 65521;
+    }
+    for (const unsigned part : {sumOfSums, sum})
+        for (const unsigned shift : {8U, 0U})
+            packed.push_back(static_cast<std::byte>(part >> shift & 0xFFU));
+    return packed;
+}
+
+/// A picture file of two by two pixels of 24 bits, from its filtered rows. Check sums are left out.
+std::vector<std::byte> twoByTwo(std::initializer_list<unsigned> rows) {
+    std::vector<std::byte> file =
+        bytes({0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R', 0,
+               0,    0,   2,   0,   0,    0,    2,    8,    2, 0, 0, 0,  0,   0,   0,   0});
+    const std::vector<std::byte> packed = stored(bytes(rows));
+    for (const std::byte byte :
+         bytes({0, 0, 0, static_cast<unsigned>(packed.size()), 'I', 'D', 'A', 'T'}))
+        file.push_back(byte);
+    file.insert(file.end(), packed.begin(), packed.end());
+    return file;
+}
+
 std::vector<std::byte> key() {
     const std::span<const std::byte> file = assets::file("2x/key.png");
     return {file.begin(), file.end()};
@@ -92,5 +123,31 @@ TEST_CASE("a picture of another form is no picture") {
         std::vector<std::byte> other = key();
         other[at] = std::byte{5};
         CHECK(toolkit::decodePng(other).empty());
+    }
+}
+
+TEST_CASE("a row of each kind is told by what lies before and above it") {
+    struct Row {
+        std::vector<std::byte> file;
+        std::vector<platform::Pixel> lower;
+    };
+    const unsigned plain = 0;
+    // Above are the pixels (100, 60, 21) and (7, 0, 255).
+    const auto below = [&](unsigned kind) {
+        return twoByTwo({plain, 100, 60, 21, 7, 0, 255, kind, 1, 2, 3, 4, 5, 6});
+    };
+    const std::vector<Row> rows = {{below(0), {0xFF010203U, 0xFF040506U}},
+                                   {below(1), {0xFF010203U, 0xFF050709U}},
+                                   {below(2), {0xFF653E18U, 0xFF0B0505U}},
+                                   {below(3), {0xFF33200DU, 0xFF21158CU}},
+                                   {below(4), {0xFF653E18U, 0xFF0B0505U}}};
+    for (const Row& row : rows) {
+        CAPTURE(&row - rows.data());
+        const platform::Picture picture = toolkit::decodePng(row.file);
+        REQUIRE(picture.pixels.size() == 4);
+        CHECK(picture.pixels[0] == 0xFF643C15U);
+        CHECK(picture.pixels[1] == 0xFF0700FFU);
+        CHECK(picture.pixels[2] == row.lower[0]);
+        CHECK(picture.pixels[3] == row.lower[1]);
     }
 }

@@ -1,0 +1,60 @@
+#include "platform/simulated/world.h"
+#include "runtime/errors.h"
+#include "toolkit/text_file.h"
+
+#include <doctest/doctest.h>
+#include <functional>
+#include <string>
+
+using simulated::world;
+
+namespace {
+
+int errorNumberOf(const std::function<void()>& code) {
+    try {
+        code();
+    } catch (const runtime::NumberedError& error) {
+        return error.number;
+    }
+    return 0;
+}
+
+} // namespace
+
+TEST_CASE("a file that can't be opened leaves its number free") {
+    simulated::reset();
+    toolkit::TextFiles files;
+    CHECK(errorNumberOf([&] { files.OpenForInput(1, "C:\\none.txt"); }) == runtime::FileNotFound);
+    CHECK(files.FreeFile() == 1);
+    CHECK(errorNumberOf([&] { files.Close(1); }) == runtime::BadFileNumber);
+}
+
+TEST_CASE("a number is open once, for what it was opened for, until it is closed") {
+    simulated::reset();
+    world.files.addFile("C:\\in.txt", "line\n");
+    toolkit::TextFiles files;
+    files.OpenForInput(1, "C:\\in.txt");
+    files.OpenForOutput(2, "C:\\out.txt");
+    CHECK(files.FreeFile() == 3);
+    for (const int number : {1, 2}) {
+        CAPTURE(number);
+        const runtime::Int16 taken(number);
+        CHECK(errorNumberOf([&] { files.OpenForInput(taken, "C:\\in.txt"); }) ==
+              runtime::FileAlreadyOpen);
+        CHECK(errorNumberOf([&] { files.OpenForOutput(taken, "C:\\other.txt"); }) ==
+              runtime::FileAlreadyOpen);
+    }
+    CHECK(errorNumberOf([&] { files.PrintLine(1, "x"); }) == runtime::BadFileNumber);
+    CHECK(errorNumberOf([&] { static_cast<void>(files.LineInput(2)); }) == runtime::BadFileNumber);
+    CHECK(errorNumberOf([&] { files.PrintLine(3, "x"); }) == runtime::BadFileNumber);
+    CHECK(errorNumberOf([&] { static_cast<void>(files.LineInput(3)); }) == runtime::BadFileNumber);
+    CHECK(files.LineInput(1) == "line");
+    files.PrintLine(2, "written");
+    files.Close(1);
+    files.Close(2);
+    CHECK(world.files.text("C:\\out.txt") == "written\n");
+    CHECK_FALSE(world.files.exists("C:\\other.txt"));
+    for (const int number : {1, 2, 3})
+        CHECK(errorNumberOf([&] { files.Close(runtime::Int16(number)); }) ==
+              runtime::BadFileNumber);
+}
