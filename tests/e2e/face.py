@@ -233,13 +233,14 @@ def drag_the_volume(world):
 
     full = levels()
     slide(window, VOLUME, -20)
-    ear.next(0.5)
+    wait_until(lambda: levels()[0] < 0.7 * full[0], "less sound half way", player)
     half = levels()
     slide(window, (VOLUME[0] - 20, VOLUME[1]), -60)
     wait_until(lambda: silent(ear), "silence at the lower stop", player)
     check(ear.next(1.0).seconds() == 0.0, "it still sounds at the lower stop")
     slide(window, (VOLUME[0] - 40, VOLUME[1]), 80)
-    ear.next(0.5)
+    wait_until(lambda: not silent(ear) and abs(levels()[0] - full[0]) < 0.05 * full[0],
+               "full sound again", player)
     again = levels()
     for what, (left, right) in (("at first", full), ("half way", half), ("at the end", again)):
         check(abs(left - right) < 0.03 * left, f"the channels differ {what}: {left}, {right}")
