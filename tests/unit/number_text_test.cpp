@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 #include <limits>
 #include <string>
+#include <string_view>
 
 using runtime::leadingNumber;
 using runtime::numberOf;
@@ -212,4 +213,9 @@ TEST_CASE("the pattern of two digits rounds and pads") {
 TEST_CASE("the pattern of two digits has no text for what is no number") {
     CHECK(errorOf([] { return twoDigits(std::nan("")); }) == runtime::Overflow);
     CHECK(errorOf([] { return twoDigits(HUGE_VAL); }) == runtime::Overflow);
+}
+
+TEST_CASE("a number ends with its text, whatever lies behind that in memory") {
+    for (const char* const longer : {"12.5", "12E5", "12e-5", "1234"})
+        CHECK(numberOf(std::string_view(longer).substr(0, 2), '.') == 12.0);
 }
