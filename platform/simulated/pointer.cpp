@@ -120,8 +120,8 @@ void sendKey(WindowHandle handle, const platform::KeyEvent& event) {
 } // namespace
 
 platform::Point clientOrigin(const Window& shown) {
-    const bool titled = shown.options.frame == platform::Frame::Dialog;
-    return {shown.position.x, shown.position.y + (titled ? TitleBarHeight : 0)};
+    if (shown.options.frame != platform::Frame::Dialog) return shown.position;
+    return {shown.position.x + SideWidth, shown.position.y + TitleBarHeight};
 }
 
 void moveTo(WindowHandle handle, std::int32_t x, std::int32_t y) {

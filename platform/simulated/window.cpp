@@ -143,7 +143,10 @@ namespace platform {
 using simulated::existing;
 using simulated::world;
 
-Size frameSize(Frame frame) { return {0, frame == Frame::Dialog ? simulated::TitleBarHeight : 0}; }
+Size frameSize(Frame frame) {
+    if (frame != Frame::Dialog) return {0, 0};
+    return {2 * simulated::SideWidth, simulated::TitleBarHeight};
+}
 
 WindowHandle createWindow(const WindowOptions& options, WindowEvents events) {
     if (options.size.width <= 0 || options.size.height <= 0) simulated::misuse("an empty window");

@@ -59,8 +59,9 @@ struct Windows {
     bool refuseNormalState = false; ///< every request for the normal state fails
 };
 
-/// Height of the title bar of `Frame::Dialog`, pixels.
+/// Of `Frame::Dialog`, pixels: its title bar, and what stands to the left and right of its window.
 inline constexpr std::int32_t TitleBarHeight = 20;
+inline constexpr std::int32_t SideWidth = 3;
 
 /// The one window with this title, visible or not. Fails the test if there is none or several.
 WindowHandle windowTitled(const std::string& title);

@@ -68,9 +68,11 @@ TEST_CASE("the about box is a titled dialog of 297 by 223 pixels in the middle o
         CHECK(window.size == platform::Size{297, 223});
         CHECK(player.program().aboutBox().window.Width() == 4455);
         CHECK(player.program().aboutBox().window.Height() == 3345);
-        // Its middle, title bar included, in halves of a pixel.
-        CHECK(std::abs(2 * window.position.x + 297 - 1024) <= 2);
-        CHECK(std::abs(2 * window.position.y + 223 + simulated::TitleBarHeight - 768) <= 2);
+        // Its middle, frame included, in halves of a pixel.
+        const platform::Size frame = platform::frameSize(platform::Frame::Dialog);
+        REQUIRE(frame == platform::Size{6, 20});
+        CHECK(std::abs(2 * window.position.x + 297 + frame.width - 1024) <= 2);
+        CHECK(std::abs(2 * window.position.y + 223 + frame.height - 768) <= 2);
         CHECK(window.visible);
     });
 }

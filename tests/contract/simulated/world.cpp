@@ -79,10 +79,10 @@ void click(platform::WindowHandle window, std::int32_t x, std::int32_t y) {
 
 platform::Rect outerArea(platform::WindowHandle window) {
     const simulated::Window& shown = simulated::window(window);
-    const bool titled = shown.options.frame == platform::Frame::Dialog;
+    const platform::Size frame = platform::frameSize(shown.options.frame);
     const platform::Point corner = shown.position;
-    return {corner.x, corner.y, corner.x + shown.size.width,
-            corner.y + shown.size.height + (titled ? simulated::TitleBarHeight : 0)};
+    return {corner.x, corner.y, corner.x + shown.size.width + frame.width,
+            corner.y + shown.size.height + frame.height};
 }
 
 bool isShown(platform::WindowHandle window) { return simulated::window(window).visible; }
