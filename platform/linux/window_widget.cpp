@@ -353,8 +353,12 @@ void WindowWidget::closeEvent(QCloseEvent* event) {
 }
 
 void WindowWidget::enterEvent(QEnterEvent* event) {
-    // Qt doesn't report the move that brought the pointer here.
-    tellPointer(PointerAction::Move, *event);
+    // Qt doesn't report the move that brought the pointer here, and this event knows of no buttons.
+    PointerEvent told;
+    told.action = PointerAction::Move;
+    told.position = pixelAt(event->position());
+    told.buttonsHeld = QApplication::mouseButtons() != Qt::NoButton;
+    tell(told);
 }
 
 void WindowWidget::leaveEvent(QEvent* /*event*/) {

@@ -93,8 +93,10 @@ def jump(before, after):
 def place_behind_a_jump(ear, before, player):
     """The same once the sound has jumped, however long a busy machine takes to do so."""
     def jumped():
-        now = place_heard(ear)
-        return now if abs(jump(before, now)) > 1.0 else None
+        recording = ear.so_far()
+        later = [block for block in recording.sounding if block.start > before[1] * hear.RATE]
+        heard = [(place, block.stop / hear.RATE) for block, place in even_places(recording, later)]
+        return next((now for now in heard if abs(jump(before, now)) > 1.0), None)
     return wait_until(jumped, "the sound to jump", player)
 
 

@@ -10,6 +10,10 @@
 #include <iterator>
 #include <vector>
 
+#include <QApplication>
+#include <QEnterEvent>
+#include <QWidget>
+
 using namespace platform;
 using contract::xdotool;
 
@@ -206,4 +210,22 @@ TEST_CASE("what a region cuts off a window neither shows nor can be pressed") {
     const auto presses = recorder.only(PointerAction::Press);
     REQUIRE(presses.size() == 1);
     CHECK(presses[0].position == Point{5, 0});
+}
+
+TEST_CASE("a pointer that is said to enter while a button is held still holds it") {
+    const Recorder recorder;
+    REQUIRE(xdotool("mousemove 210 155 mousedown 1"));
+    REQUIRE(recorder.hasSeen(PointerAction::Press, 1));
+    const std::size_t before = recorder.only(PointerAction::Move).size();
+    // A window manager that has looked at the press gives the pointer back so.
+    QWidget* const widget = QApplication::widgetAt(210, 155);
+    REQUIRE(widget != nullptr);
+    QEnterEvent enters({10, 5}, {10, 5}, {210, 155});
+    QApplication::sendEvent(widget, &enters);
+    const auto moves = recorder.only(PointerAction::Move);
+    REQUIRE(moves.size() == before + 1);
+    CHECK(moves.back().buttonsHeld);
+    CHECK(moves.back().position == Point{10, 5});
+    REQUIRE(xdotool("mouseup 1"));
+    REQUIRE(recorder.hasSeen(PointerAction::Release, 1));
 }

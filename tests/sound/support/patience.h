@@ -5,7 +5,7 @@
 
 namespace sound_test {
 
-/// The longest that any call made through it took.
+/// How long the calls made through it took.
 class Patience {
   public:
     template <class Call>
@@ -14,9 +14,11 @@ class Patience {
         auto answer = call();
         const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
         longest = std::max(longest, passed.count());
+        total += passed.count();
         return answer;
     }
     double longest = 0; ///< seconds
+    double total = 0;   ///< seconds, of all calls
 };
 
 } // namespace sound_test
