@@ -106,6 +106,19 @@ QDBusMessage unknownProperty(const QDBusMessage& message) {
     return refusal(message, QDBusError::UnknownProperty, "There is no such property.");
 }
 
+QDBusMessage toTheBus(const QString& call) {
+    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                          QStringLiteral("/org/freedesktop/DBus"),
+                                          QStringLiteral("org.freedesktop.DBus"), call);
+}
+
+/// Messages are sent one after another by a thread of their own. Once the bus has answered, what
+/// was said before has left the process, which may end then.
+void awaitSent() {
+    constexpr int longest = 1000; // ms
+    QDBusConnection::sessionBus().call(toTheBus(QStringLiteral("GetId")), QDBus::Block, longest);
+}
+
 /// A number that the player's own thousandths take, whatever the bus was given.
 std::int64_t milliseconds(std::int64_t microseconds) { return microseconds / mpris::microseconds; }
 
@@ -126,9 +139,7 @@ void MediaPlayer::appear() {
     present_ = bus.registerVirtualObject(objectPath, this, QDBusConnection::SingleNode);
     if (!present_) return;
     // A player on another display may have the name; then this one waits for it.
-    QDBusMessage request = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+    QDBusMessage request = toTheBus(QStringLiteral("RequestName"));
     request << busName << 0U;
     bus.asyncCall(request);
 }
@@ -168,7 +179,10 @@ bool MediaPlayer::handleMessage(const QDBusMessage& message, const QDBusConnecti
 QDBusMessage MediaPlayer::answerTo(const QDBusMessage& message) {
     for (const Named& named : requests) {
         if (!calls(message, named.interface, named.name)) continue;
-        later([this, request = named.request] { events_.asked(request); });
+        later([this, request = named.request] {
+            if (request == RemoteRequest::Quit) awaitSent();
+            events_.asked(request);
+        });
         return message.createReply();
     }
     if (calls(message, playerInterface, QStringLiteral("Seek"))) return seek(message);
