@@ -19,7 +19,7 @@ toolkit::FormData data() {
 
 /// A window with one thing, whose name is the caption of its label, before a reader that listens.
 struct Told {
-    Told() {
+    explicit Told(bool itActs = true) : acts(itActs) {
         simulated::reset();
         label.place(window, "label", {150, 150, 300, 150}, true, "");
         window.add(label);
@@ -27,6 +27,7 @@ struct Told {
             toolkit::Accessible thing;
             thing.parts = {&label};
             thing.caption = [this] { return label.Caption(); };
+            thing.acts = acts;
             toolkit::AccessibleTable table;
             table.window = "Window";
             table.things = {thing};
@@ -45,6 +46,7 @@ struct Told {
         return all;
     }
 
+    bool acts;
     toolkit::Label label;
     toolkit::Form window{data()};
 };
@@ -76,4 +78,19 @@ TEST_CASE("a thing that a reader only believes in is a text without a name") {
         CAPTURE(number);
         CHECK(window.thing({number}) == platform::AccessibleThing());
     }
+}
+
+TEST_CASE("an action on what no longer shows, or never did act, is none") {
+    for (const bool acts : {true, false})
+        for (const bool shows : {true, false}) {
+            CAPTURE(acts);
+            CAPTURE(shows);
+            Told told(acts);
+            int clicks = 0;
+            told.label.Click = [&] { ++clicks; };
+            told.label.Visible(shows);
+            simulated::window(told.window.hWnd()).events.accessible().act({0});
+            simulated::advance(2);
+            CHECK(clicks == (acts && shows ? 1 : 0));
+        }
 }
