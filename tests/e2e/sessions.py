@@ -7,7 +7,7 @@ import subprocess
 import time
 
 from scenario import scenario
-from world import PATIENCE, SETTINGS, Window, check, hear, slowness, wait_until
+from world import PATIENCE, SETTINGS, Window, activate, check, hear, slowness, wait_until
 
 OPEN_TITLE = "Open File - Orvan Music Player"
 LEFT, TOP = 150, 200  # the main window's place in the settings below, pixels
@@ -213,7 +213,8 @@ def ending_signals(world):
           managed=True)
 def closed_by_the_window_manager(world):
     def close(player, window):
-        xdotool("windowfocus", "--sync", window.number, "key", "alt+F4")
+        activate(window.number, player)
+        xdotool("key", "alt+F4")
     ended_by(world, close)
 
 

@@ -373,7 +373,8 @@ def about_box(world):
     # Shown while the main window is hidden too, and closed by its own close box.
     tray.choose(player, ABOUT)
     about = about_of(player)
-    xdotool("windowfocus", "--sync", about.number, "key", "alt+F4")
+    activate(about.number, player)
+    xdotool("key", "alt+F4")
     wait_until_gone(player, about, "the close box to close it")
     check(player.alive(), "the player ended with the about box")
     tray.quit_player(player)
