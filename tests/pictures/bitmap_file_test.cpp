@@ -153,6 +153,13 @@ TEST_CASE("an icon's images come in their order, up to the size that is asked fo
     CHECK(largest.pixels == std::vector<Pixel>(std::size_t{48} * 2, 0x30303030U));
 }
 
+TEST_CASE("an icon has as many images as it says, whatever follows that") {
+    Bytes file = icon({16, 32});
+    file[4] = std::byte{1};
+    file[6] = std::byte{1}; // of the first image's own
+    CHECK(widthsOf(decodeIcon(file, 48)) == std::vector<std::int32_t>{16});
+}
+
 TEST_CASE("an icon's images of other depths, or cut ones, are left out") {
     CHECK(decodeIcon(icon({16}, 24), 48).empty());
     const Bytes file = icon({16, 32});
