@@ -5,6 +5,7 @@
 #include <doctest/doctest.h>
 #include <new>
 #include <string>
+#include <utility>
 
 using simulated::world;
 
@@ -85,4 +86,22 @@ TEST_CASE("a form's size is the window's") {
     CHECK(simulated::window(keys.handle).size == platform::Size{60, 50});
     keys.window.Height(300);
     CHECK(simulated::window(keys.handle).size == platform::Size{60, 20});
+}
+
+TEST_CASE("a press tells its button, and a move without one none") {
+    Keys keys;
+    int moved = -1;
+    int pressed = -1;
+    keys.told.MouseMove = [&](const toolkit::MouseArguments& at) { moved = at.Button.value(); };
+    keys.told.MouseDown = [&](const toolkit::MouseArguments& at) { pressed = at.Button.value(); };
+    simulated::moveTo(keys.handle, 15, 15);
+    CHECK(moved == 0);
+    using platform::PointerButton;
+    for (const auto& [button, number] :
+         {std::pair{PointerButton::Left, 1}, std::pair{PointerButton::Right, 2},
+          std::pair{PointerButton::Middle, 4}}) {
+        simulated::pressAt(keys.handle, 15, 15, button);
+        CHECK(pressed == number);
+        simulated::release(button);
+    }
 }
