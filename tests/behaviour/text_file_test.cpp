@@ -2,6 +2,7 @@
 #include "runtime/errors.h"
 #include "toolkit/text_file.h"
 
+#include <cstddef>
 #include <doctest/doctest.h>
 #include <functional>
 #include <string>
@@ -57,4 +58,13 @@ TEST_CASE("a number is open once, for what it was opened for, until it is closed
     for (const int number : {1, 2, 3})
         CHECK(errorNumberOf([&] { files.Close(runtime::Int16(number)); }) ==
               runtime::BadFileNumber);
+}
+
+TEST_CASE("of a file without an end no more than 64 MiB are taken in") {
+    constexpr std::size_t most = std::size_t{64} * 1024 * 1024;
+    simulated::reset();
+    world.files.addFile("C:\\endless.txt", std::string(most + 1, 'x'));
+    toolkit::TextFiles files;
+    files.OpenForInput(1, "C:\\endless.txt");
+    CHECK(files.LineInput(1).size() == most);
 }

@@ -58,6 +58,15 @@ TEST_CASE("what comes to show where the pointer has left the window has no toolt
     CHECK(keys.tooltip().empty());
 }
 
+TEST_CASE("before anything is told of the pointer nothing has a tooltip, in no corner") {
+    Keys keys;
+    keys.told.Left(0);
+    keys.told.Top(0);
+    CHECK(keys.tooltip().empty());
+    simulated::moveTo(keys.handle, 0, 0);
+    CHECK(keys.tooltip() == "Told");
+}
+
 TEST_CASE("a press is where the pointer is, also when nothing was told of it before") {
     Keys keys;
     keys.told.Visible(false);
