@@ -1,5 +1,6 @@
 #include "tests/behaviour/adding.h"
 #include "tests/behaviour/open_playlist.h"
+#include "tests/behaviour/saved_list.h"
 
 #include <cstddef>
 #include <string>
@@ -9,6 +10,7 @@ using behaviour::endsTheProcess;
 using behaviour::fatalMessageOf;
 using behaviour::OpenPlaylist;
 using behaviour::Player;
+using behaviour::savedList;
 using simulated::Key;
 using simulated::world;
 using namespace behaviour::adding;
@@ -23,15 +25,6 @@ void fill(Player& player) {
     fillTo32766(player);
     pick(player, {last});
     REQUIRE(player.list().ListCount() == 32767);
-}
-
-/// The list field of the saved line: each path with its end, and one more end.
-std::string savedList() {
-    const std::string& line = world.files.text(settingsFile);
-    std::size_t start = 0;
-    for (int field = 0; field < 3; ++field)
-        start = line.find('*', start) + 1;
-    return line.substr(start, line.find('*', start) - start);
 }
 
 } // namespace

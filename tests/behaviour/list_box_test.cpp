@@ -1,10 +1,10 @@
 #include "platform/simulated/world.h"
 #include "runtime/errors.h"
+#include "tests/runner/error_of.h"
 #include "toolkit/form.h"
 #include "toolkit/list_box.h"
 
 #include <doctest/doctest.h>
-#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -47,15 +47,6 @@ struct Scene {
         toolkit::FormData{.caption = "List", .bounds = {0, 0, 4140, 1230}, .picture = {}}};
     platform::WindowHandle handle = 0;
 };
-
-int errorNumberOf(const std::function<void()>& code) {
-    try {
-        code();
-    } catch (const runtime::NumberedError& error) {
-        return error.number;
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -238,8 +229,8 @@ TEST_CASE("removing an entry keeps the selection on its text, or leaves none") {
     scene.list.RemoveItem(2);
     CHECK(scene.selected() == -1);
     CHECK(scene.top() == 0);
-    CHECK(errorNumberOf([&] { scene.list.RemoveItem(2); }) == runtime::InvalidCall);
-    CHECK(errorNumberOf([&] { scene.list.RemoveItem(-1); }) == runtime::InvalidCall);
+    CHECK(errorOf([&] { scene.list.RemoveItem(2); }) == runtime::InvalidCall);
+    CHECK(errorOf([&] { scene.list.RemoveItem(-1); }) == runtime::InvalidCall);
     scene.list.Clear();
     CHECK(scene.list.ListCount() == 0);
     CHECK(scene.selected() == -1);

@@ -1,4 +1,5 @@
 #include "tests/behaviour/open_playlist.h"
+#include "tests/behaviour/saved_list.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -7,6 +8,7 @@
 
 using behaviour::commandsSent;
 using behaviour::OpenPlaylist;
+using behaviour::savedList;
 using simulated::world;
 
 namespace {
@@ -42,15 +44,6 @@ void checkLeft(OpenPlaylist& player, const Texts& left, int selected) {
 }
 
 constexpr const char* settingsFile = "C:\\Orvan\\MyPlayerSettings.mps";
-
-/// The list in the line that the player has saved.
-std::string savedList() {
-    const std::string& line = world.files.text(settingsFile);
-    std::size_t start = 0;
-    for (int field = 0; field < 3; ++field)
-        start = line.find('*', start) + 1;
-    return line.substr(start, line.find('*', start) - start);
-}
 
 void playToTheEnd() { simulated::advance(201'000); }
 

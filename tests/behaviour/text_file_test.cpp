@@ -1,33 +1,20 @@
 #include "platform/simulated/world.h"
 #include "runtime/errors.h"
+#include "tests/runner/error_of.h"
 #include "toolkit/text_file.h"
 
 #include <cstddef>
 #include <doctest/doctest.h>
-#include <functional>
 #include <string>
 
 using simulated::world;
 
-namespace {
-
-int errorNumberOf(const std::function<void()>& code) {
-    try {
-        code();
-    } catch (const runtime::NumberedError& error) {
-        return error.number;
-    }
-    return 0;
-}
-
-} // namespace
-
 TEST_CASE("a file that can't be opened leaves its number free") {
     simulated::reset();
     toolkit::TextFiles files;
-    CHECK(errorNumberOf([&] { files.OpenForInput(1, "C:\\none.txt"); }) == runtime::FileNotFound);
+    CHECK(errorOf([&] { files.OpenForInput(1, "C:\\none.txt"); }) == runtime::FileNotFound);
     CHECK(files.FreeFile() == 1);
-    CHECK(errorNumberOf([&] { files.Close(1); }) == runtime::BadFileNumber);
+    CHECK(errorOf([&] { files.Close(1); }) == runtime::BadFileNumber);
 }
 
 TEST_CASE("a number is open once, for what it was opened for, until it is closed") {
@@ -40,15 +27,15 @@ TEST_CASE("a number is open once, for what it was opened for, until it is closed
     for (const int number : {1, 2}) {
         CAPTURE(number);
         const runtime::Int16 taken(number);
-        CHECK(errorNumberOf([&] { files.OpenForInput(taken, "C:\\in.txt"); }) ==
+        CHECK(errorOf([&] { files.OpenForInput(taken, "C:\\in.txt"); }) ==
               runtime::FileAlreadyOpen);
-        CHECK(errorNumberOf([&] { files.OpenForOutput(taken, "C:\\other.txt"); }) ==
+        CHECK(errorOf([&] { files.OpenForOutput(taken, "C:\\other.txt"); }) ==
               runtime::FileAlreadyOpen);
     }
-    CHECK(errorNumberOf([&] { files.PrintLine(1, "x"); }) == runtime::BadFileNumber);
-    CHECK(errorNumberOf([&] { static_cast<void>(files.LineInput(2)); }) == runtime::BadFileNumber);
-    CHECK(errorNumberOf([&] { files.PrintLine(3, "x"); }) == runtime::BadFileNumber);
-    CHECK(errorNumberOf([&] { static_cast<void>(files.LineInput(3)); }) == runtime::BadFileNumber);
+    CHECK(errorOf([&] { files.PrintLine(1, "x"); }) == runtime::BadFileNumber);
+    CHECK(errorOf([&] { static_cast<void>(files.LineInput(2)); }) == runtime::BadFileNumber);
+    CHECK(errorOf([&] { files.PrintLine(3, "x"); }) == runtime::BadFileNumber);
+    CHECK(errorOf([&] { static_cast<void>(files.LineInput(3)); }) == runtime::BadFileNumber);
     CHECK(files.LineInput(1) == "line");
     files.PrintLine(2, "written");
     files.Close(1);
@@ -56,8 +43,7 @@ TEST_CASE("a number is open once, for what it was opened for, until it is closed
     CHECK(world.files.text("C:\\out.txt") == "written\n");
     CHECK_FALSE(world.files.exists("C:\\other.txt"));
     for (const int number : {1, 2, 3})
-        CHECK(errorNumberOf([&] { files.Close(runtime::Int16(number)); }) ==
-              runtime::BadFileNumber);
+        CHECK(errorOf([&] { files.Close(runtime::Int16(number)); }) == runtime::BadFileNumber);
 }
 
 TEST_CASE("of a file without an end no more than 64 MiB are taken in") {

@@ -1,5 +1,5 @@
 #include "runtime/errors.h"
-#include "tests/unit/error_of.h"
+#include "tests/runner/error_of.h"
 
 #include <doctest/doctest.h>
 #include <string>

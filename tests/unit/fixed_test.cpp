@@ -1,5 +1,5 @@
 #include "runtime/fixed.h"
-#include "tests/unit/error_of.h"
+#include "tests/runner/error_of.h"
 
 #include <cmath>
 #include <cstdint>

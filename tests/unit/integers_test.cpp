@@ -1,6 +1,6 @@
 #include "runtime/bool16.h"
 #include "runtime/integers.h"
-#include "tests/unit/error_of.h"
+#include "tests/runner/error_of.h"
 
 #include <cstdint>
 #include <doctest/doctest.h>

@@ -1,5 +1,5 @@
 #include "mainwindow/seek.h"
-#include "tests/unit/error_of.h"
+#include "tests/runner/error_of.h"
 
 #include <cmath>
 #include <cstdint>
