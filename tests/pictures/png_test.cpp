@@ -132,21 +132,22 @@ TEST_CASE("a row of each kind is told by what lies before and above it") {
         std::vector<platform::Pixel> lower;
     };
     const unsigned plain = 0;
-    // Above are the pixels (100, 60, 21) and (7, 0, 255).
+    // Above are the pixels (100, 60, 21) and (102, 60, 10). The last kind takes those above for the
+    // first pixel, and for the second its left neighbour twice and the corner's once.
     const auto below = [&](unsigned kind) {
-        return twoByTwo({plain, 100, 60, 21, 7, 0, 255, kind, 1, 2, 3, 4, 5, 6});
+        return twoByTwo({plain, 100, 60, 21, 102, 60, 10, kind, 50, 2, 13, 4, 5, 6});
     };
-    const std::vector<Row> rows = {{below(0), {0xFF010203U, 0xFF040506U}},
-                                   {below(1), {0xFF010203U, 0xFF050709U}},
-                                   {below(2), {0xFF653E18U, 0xFF0B0505U}},
-                                   {below(3), {0xFF33200DU, 0xFF21158CU}},
-                                   {below(4), {0xFF653E18U, 0xFF0B0505U}}};
+    const std::vector<Row> rows = {{below(0), {0xFF32020DU, 0xFF040506U}},
+                                   {below(1), {0xFF32020DU, 0xFF360713U}},
+                                   {below(2), {0xFF963E22U, 0xFF6A4110U}},
+                                   {below(3), {0xFF642017U, 0xFF693316U}},
+                                   {below(4), {0xFF963E22U, 0xFF9A431BU}}};
     for (const Row& row : rows) {
         CAPTURE(&row - rows.data());
         const platform::Picture picture = toolkit::decodePng(row.file);
         REQUIRE(picture.pixels.size() == 4);
         CHECK(picture.pixels[0] == 0xFF643C15U);
-        CHECK(picture.pixels[1] == 0xFF0700FFU);
+        CHECK(picture.pixels[1] == 0xFF663C0AU);
         CHECK(picture.pixels[2] == row.lower[0]);
         CHECK(picture.pixels[3] == row.lower[1]);
     }
