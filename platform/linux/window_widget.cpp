@@ -299,10 +299,10 @@ void WindowWidget::moveEvent(QMoveEvent* /*event*/) {
     if (!standsAgain(now)) take(now);
 }
 
-/// Some window managers put where a window should stand a frame that they then do without. Whether
-/// this one was asked for the right place, which is done once for each showing.
+/// Some window managers put where a window should stand a frame that they then do without, and tell
+/// of places on the way there. Whether this one was asked for the right place.
 bool WindowWidget::standsAgain(Point placed) {
-    if (std::exchange(exposuresUntilPlaced_, 0) == 0) return false;
+    if (exposuresUntilPlaced_ == 0) return false;
     if (!isOnAScreen({QPoint(place_.x, place_.y), size()})) return false;
     ownMoves_.note(placed, milliseconds()); // it may be told more than once
     ownMoves_.note(place_, milliseconds());
@@ -317,6 +317,7 @@ bool WindowWidget::standsAgain(Point placed) {
 void WindowWidget::timerEvent(QTimerEvent* event) {
     if (event->timerId() != settling_.timerId()) return QWidget::timerEvent(event);
     settling_.stop();
+    exposuresUntilPlaced_ = 0;
     const Point now = truePlace();
     if (!isVisible() || isRounded(now, place_)) return;
     if (std::exchange(seenAt_, now) != now) return settling_.start(settlingTime, this);

@@ -1,3 +1,5 @@
+#include "platform/linux/window_table.h"
+#include "platform/linux/window_widget.h"
 #include "platform/linux/x_server.h"
 #include "platform/system.h"
 #include "platform/window.h"
@@ -6,7 +8,11 @@
 
 #include <doctest/doctest.h>
 
+#include <xcb/xcb.h>
+
+#include <array>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -46,6 +52,21 @@ bool standsAt(Point corner) {
                screenPixel({corner.x + 119, corner.y + 79}) == colour &&
                screenPixel({corner.x + 120, corner.y + 79}) != colour;
     });
+}
+
+/// Tells the program that its window stands there, as a window manager does before it has placed
+/// it.
+void tellPlace(WindowHandle window, Point place) {
+    xcb_configure_notify_event_t told{};
+    told.response_type = XCB_CONFIGURE_NOTIFY;
+    told.event = told.window = static_cast<xcb_window_t>(findWindow(window)->winId());
+    told.x = static_cast<std::int16_t>(place.x);
+    told.y = static_cast<std::int16_t>(place.y);
+    told.width = 120;
+    told.height = 80;
+    std::array<char, 32> words{}; // what the server reads of an event
+    std::memcpy(words.data(), &told, sizeof(told));
+    xcb_send_event(x::server(), 0, told.window, XCB_EVENT_MASK_STRUCTURE_NOTIFY, words.data());
 }
 
 /// Whether the window manager makes an icon of the window, while no event reaches the player.
@@ -144,6 +165,21 @@ TEST_CASE("a move that the window manager makes is told") {
     REQUIRE(contract::waitUntil([&] { return !placed.told.empty(); }));
     CHECK(placed.told == std::vector<Point>{{444, 222}});
     CHECK(standsAt({444, 222}));
+}
+
+TEST_CASE("a window keeps its place, however many others it is given on the way to the screen") {
+    const Placed placed({300, 200});
+    xcb_grab_server(x::server()); // the window manager comes after all this
+    showWindow(placed.handle, true);
+    for (const Point way : {Point{-15, -15}, Point{302, 218}, Point{-15, -15}}) {
+        tellPlace(placed.handle, way);
+        x::awaitServer();
+        contract::letPass(1);
+    }
+    xcb_ungrab_server(x::server());
+    CHECK(standsAt({300, 200}));
+    contract::letPass(200);
+    CHECK(placed.told.empty());
 }
 
 TEST_CASE(
