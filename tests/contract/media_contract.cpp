@@ -145,6 +145,20 @@ TEST_CASE("a seek stands exactly where it was sent, and play goes on from there"
     CHECK(contract::waitUntil([] { return position() == 5000; }));
 }
 
+TEST_CASE("a seek in a pause stands where it was sent, and play goes on from there") {
+    const OpenDevice device(5000);
+    REQUIRE(send("play mpeg from 1 to 5000") == 0);
+    REQUIRE(contract::waitUntil([] { return position() > 50; }));
+    REQUIRE(send("Pause mpeg") == 0);
+    CHECK(send("seek mpeg to 3000") == 0);
+    CHECK(ask("status mpeg position") == "3000");
+    contract::letPass(200);
+    CHECK(ask("status mpeg position") == "3000");
+    CHECK(send("Play mpeg") == 0);
+    CHECK(contract::waitUntil([] { return position() > 3000; }));
+    CHECK(position() < 4900);
+}
+
 TEST_CASE("a seek stops the play") {
     const OpenDevice device(5000);
     REQUIRE(send("play mpeg from 1 to 5000") == 0);
@@ -206,6 +220,15 @@ TEST_CASE("a closed device refuses everything but open") {
         CAPTURE(std::string(command));
         CHECK(send(command) != 0);
     }
+}
+
+TEST_CASE("a path with a doubled separator opens as the same path with one") {
+    std::string path = contract::makeWave("a tone.wav", 2500);
+    path.insert(path.rfind('\\'), 1, '\\');
+    REQUIRE(open(path) == 0);
+    REQUIRE(send("set mpeg time format frames") == 0);
+    CHECK(ask("status mpeg length") == "2500");
+    CHECK(send("Close mpeg") == 0);
 }
 
 TEST_CASE("a file that isn't there or is no sound doesn't open") {

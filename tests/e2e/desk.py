@@ -32,7 +32,6 @@ class Desk:
 
     def __init__(self, world, main, listing, docked=(0, 0), paths=()):
         self.world = world
-        world.stack.callback(xdotool, "mouseup", 1)
         paths = [world.build.path(path) for path in paths]
         world.save(settings_line(main, listing, docked, paths))
         self.begin(main)
@@ -43,7 +42,6 @@ class Desk:
     def of(cls, world, player, window):
         """A player that has been started, the playlist closed."""
         desk = cls.__new__(cls)
-        world.stack.callback(xdotool, "mouseup", 1)
         desk.world, desk.player = world, player
         desk.main_number, desk.list_number = window.number, None
         return desk
