@@ -28,6 +28,8 @@ struct Told {
             thing.parts = {&label};
             thing.caption = [this] { return label.Caption(); };
             thing.acts = acts;
+            thing.numbers = [] { return toolkit::SliderNumbers{0, 10, 1, 5, "five"}; };
+            thing.dragFor = [](double) { return toolkit::ThumbDrag{3, 2}; };
             toolkit::AccessibleTable table;
             table.window = "Window";
             table.things = {thing};
@@ -37,6 +39,10 @@ struct Told {
         window.Show();
         simulated::advance(10);
         CHECK(names() == Words{"old"});
+    }
+
+    const platform::AccessibleWindow& reader() {
+        return simulated::window(window.hWnd()).events.accessible();
     }
 
     Words names() {
@@ -68,6 +74,40 @@ TEST_CASE("what has just changed in a window that goes is told no more") {
     told.window.Unload();
     simulated::advance(10);
     CHECK(simulated::world.reader.told.empty());
+    CHECK_FALSE(told.window.loaded());
+}
+
+TEST_CASE("a window that goes takes along what a reader has asked of it, and its timers") {
+    Told told;
+    int clicks = 0;
+    told.label.Click = [&] {
+        if (++clicks > 1) return;
+        told.window.Unload();
+        CHECK(simulated::world.events.timers.empty());
+    };
+    told.reader().act({0});
+    told.reader().act({0});
+    simulated::advance(10);
+    CHECK(clicks == 1);
+    told.window.Show();
+    told.reader().act({0});
+    simulated::advance(10);
+    CHECK(clicks == 2);
+    simulated::advance(10);
+    CHECK(simulated::world.events.timers.empty());
+}
+
+TEST_CASE("a window that goes at a reader's press is neither dragged on nor let go of") {
+    Told told;
+    int moves = 0;
+    told.label.MouseDown = [&](const toolkit::MouseArguments&) {
+        told.window.Unload();
+        CHECK(simulated::world.events.timers.empty());
+    };
+    told.label.MouseMove = [&](const toolkit::MouseArguments&) { ++moves; };
+    told.reader().setNumber(0, 7);
+    simulated::advance(200);
+    CHECK(moves == 0);
     CHECK_FALSE(told.window.loaded());
 }
 

@@ -3,6 +3,7 @@
 #include <doctest/doctest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 using runtime::characterCount;
@@ -40,6 +41,7 @@ TEST_CASE("a text is cut between characters") {
     // Nothing behind the text is looked at.
     const std::vector<char> letters = {'a', 'b'};
     CHECK(firstCharacters({letters.data(), letters.size()}, 9) == "ab");
+    CHECK(characterCount(std::string_view("\xE9\x9F\xB3").substr(0, 2)) == 2);
 }
 
 TEST_CASE("the first byte announces how many there are, to both ends of each length") {
