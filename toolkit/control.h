@@ -16,7 +16,6 @@ struct Canvas;
 /// What a mouse event tells its handler. X and Y are twips relative to the control.
 struct MouseArguments {
     runtime::Int16 Button = 0; ///< 1 left, 2 right, 4 middle
-    runtime::Int16 Shift = 0;
     Twips X = 0;
     Twips Y = 0;
 };

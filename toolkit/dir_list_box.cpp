@@ -24,7 +24,6 @@ void DirListBox::Path(const std::string& folder) {
     // The fatal end of a walk tells its user which folder is in the way.
     if (listing.error != 0)
         throw runtime::NumberedError{listing.error, platform::pathForPeople(folder)};
-    path_ = folder;
     folders_ = std::move(listing.names);
     std::sort(folders_.begin(), folders_.end(), sortsBefore);
 }

@@ -14,7 +14,6 @@ class DirListBox {
     /// Enters a folder; error 76 or 75, with its name, for one that can't be entered, and the old
     /// list stays.
     void Path(const std::string& folder);
-    [[nodiscard]] const std::string& Path() const { return path_; }
 
     /// Error 6 above 32767.
     [[nodiscard]] runtime::Int16 ListCount() const { return runtime::Int16(folders_.size()); }
@@ -22,7 +21,6 @@ class DirListBox {
     [[nodiscard]] std::string List(runtime::Int16 index) const;
 
   private:
-    std::string path_;
     std::vector<std::string> folders_;
 };
 

@@ -51,7 +51,7 @@ Control* Form::controlAt(platform::Point place) const {
 MouseArguments Form::argumentsFor(const Control* target,
                                   const platform::PointerEvent& event) const {
     const platform::PointerEvent local = target != nullptr ? relativeTo(*target, event) : event;
-    return {buttonNumber(event.button), 0,
+    return {buttonNumber(event.button),
             static_cast<Twips>(local.position.x) * Screen::TwipsPerPixelX(),
             static_cast<Twips>(local.position.y) * Screen::TwipsPerPixelY()};
 }

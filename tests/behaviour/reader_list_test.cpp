@@ -93,6 +93,7 @@ TEST_CASE("a row selected by a reader is selected as by a click: nothing starts"
     simulated::selectRow(player.playlistWindow(), "Tracks", 4);
     CHECK(player.selected() == 4);
     CHECK(player.firstRow() == 2);
+    CHECK_FALSE(player.frmPlaylist().window.pressed());
     // Selecting it again at once is no double click.
     simulated::selectRow(player.playlistWindow(), "Tracks", 4);
     CHECK(player.sounding() == "C:\\Music\\a.mp3");

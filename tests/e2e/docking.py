@@ -244,6 +244,8 @@ def does_not_drift(world):
     for n in range(60):
         xdotool("mousemove", *[side + grip + 3 * n for side, grip in zip(place, GRIP)],
                 "mousemove", place[0] + GRIP[0], place[1] + GRIP[1])
+    place = (place[0] - 10, place[1] - 10)  # where the windows haven't been on the way
+    desk.drag(place)
     desk.stands(place, (place[0], place[1] + 82))
     desk.release()
 
