@@ -105,7 +105,7 @@ class Baseline:
     def __init__(self):
         linker = ["-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld"] if shutil.which("ld.lld") else []
         must(["cmake", "-S", SOURCES, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
-              "-DCMAKE_CXX_FLAGS=-O0 -w", "-DORVAN_BENCH=OFF",
+              "-DCMAKE_CXX_FLAGS=-O0 -w -D_GLIBCXX_ASSERTIONS", "-DORVAN_BENCH=OFF",
               f"-DCMAKE_PROJECT_orvan_INCLUDE={pathlib.Path(__file__).with_name('flags.cmake')}",
               *linker])
         must(["ninja", "-C", BUILD, *SUITES])
