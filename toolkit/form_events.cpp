@@ -141,7 +141,7 @@ void Form::refreshTooltip() {
                 text = control->tooltip();
                 break;
             }
-    if (text == tooltip_ || window_ == 0) return;
+    if (text == tooltip_) return;
     tooltip_ = text;
     platform::setTooltip(window_, tooltip_);
 }

@@ -7,6 +7,7 @@
 #include <doctest/doctest.h>
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 using platform::Key;
@@ -74,6 +75,14 @@ TEST_CASE("a press selects the entry of its row") {
     scene.press(1);
     CHECK(scene.selected() == 3);
     CHECK(scene.top() == 2);
+}
+
+TEST_CASE("a press has selected its entry by when its handler runs") {
+    Scene scene;
+    int seen = -1;
+    scene.list.MouseDown = [&](const auto&) { seen = scene.selected(); };
+    scene.press(1);
+    CHECK(seen == 1);
 }
 
 TEST_CASE("a press on the last pixels below the third row is on the third row") {
@@ -252,6 +261,23 @@ TEST_CASE("the three entries in view are drawn, the selected one on a bar") {
     CHECK(shown.row(49)[270] != back);
     CHECK(shown.row(50)[270] == back);
     CHECK(world.text.drawn[1].colour != world.text.drawn[0].colour);
+}
+
+TEST_CASE("a list whose entries change is drawn anew") {
+    Scene scene;
+    simulated::run();
+    int drawn = simulated::window(scene.handle).paints;
+    const auto isDrawnAnew = [&] {
+        simulated::run();
+        return std::exchange(drawn, simulated::window(scene.handle).paints) + 1 == drawn;
+    };
+    CHECK_FALSE(isDrawnAnew());
+    scene.list.RemoveItem(0);
+    CHECK(isDrawnAnew());
+    scene.list.AddItem("more");
+    CHECK(isDrawnAnew());
+    scene.list.Clear();
+    CHECK(isDrawnAnew());
 }
 
 TEST_CASE("a view that is scrolled is drawn anew, each text in the middle of its row") {

@@ -81,6 +81,19 @@ TEST_CASE("a press is where the pointer is, also when nothing was told of it bef
     simulated::release();
 }
 
+TEST_CASE("a window that its key's press has closed shows no tooltip") {
+    Keys keys;
+    keys.told.Visible(false);
+    keys.plain.MouseDown = [&](const auto&) {
+        keys.told.Top(300);
+        keys.told.Visible(true);
+        keys.window.Unload();
+    };
+    simulated::pressAt(keys.handle, 15, 25);
+    CHECK_FALSE(keys.window.loaded());
+    CHECK(world.messages.fatal.empty());
+}
+
 TEST_CASE("memory that ran out is the fatal end, with its number") {
     Keys keys;
     keys.plain.MouseDown = [](const auto&) { throw std::bad_alloc(); };
