@@ -93,13 +93,21 @@ def jump(before, after):
 def around_the_jump(ear, since, player):
     """Where the player was, and when, right before the sound jumped forwards and right behind it,
     however long a busy machine takes to do so. Where the sound only waits, its place falls behind."""
+    heard = []
+
     def jumped():
         recording = ear.so_far()
         # A jump that comes at once needs something in front of it.
         later = [block for block in recording.sounding if block.start > (since - 1) * hear.RATE]
-        heard = [(place, block.stop / hear.RATE) for block, place in even_places(recording, later)]
+        heard[:] = [(place, block.stop / hear.RATE)
+                    for block, place in even_places(recording, later)]
         return next((pair for pair in zip(heard, heard[1:]) if jump(*pair) > 1.0), None)
-    return wait_until(jumped, "the sound to jump", player)
+    try:
+        return wait_until(jumped, "the sound to jump", player)
+    except AssertionError as error:
+        places = ", ".join(f"{place:.2f} at {when:.2f}" for place, when in heard[::10])
+        raise AssertionError(f"{error}; from {since:.2f} s on it was heard in {places or 'no place'} "
+                             f"of {ear.length():.2f} s") from error
 
 
 def press(window, place, button=1):
