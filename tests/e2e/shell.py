@@ -9,7 +9,8 @@ from menus import (ABOUT, DIRECTORY, EXIT, FILE, MAXIMIZED, NEXT_ENTRY, OPEN_DIR
 from scenario import scenario
 from sessions import (NEXT, OPEN_TITLE, PLAY, QUIT, click, face_at, list_field, settings_line, start,
                       tones_heard, xdotool)
-from world import SETTINGS, Screenshot, activate, check, output_of, wait_until
+from world import (SETTINGS, Screenshot, activate, check, facts_of, output_of,
+                   wait_until)
 
 OPEN, MINIMISE, PLAYLIST, STOP = (110, 55), (252, 8), (255, 55), (65, 55)
 ABOUT_TITLE = "About Orvan Music Player"
@@ -209,9 +210,11 @@ class Tray:
         wait_until(lambda: windows_in(TRAYER) is not None, "the tray")
 
     def icon(self, player):
-        """The middle of the icon, once it is there."""
+        """The middle of the icon, once it is there. A tray takes its window in before it shows it."""
         def place():
             for icon in windows_in(self.window) or []:
+                if facts_of(icon.split()[0]).get("Map State") != "IsViewable":
+                    continue
                 size, corner = icon.split()[-2:]
                 width, height = (int(side) for side in size.split("+")[0].split("x"))
                 left, top = (int(side) for side in corner[1:].split("+"))
