@@ -30,10 +30,13 @@ toolkit::FormData formOfAnySize() {
 
 /// A text box of 106 pixels, which leave room for 16 letters, on a form of its own.
 struct Box {
-    explicit Box(const std::string& text, std::int32_t width = 106) {
+    explicit Box(const std::string& text, std::int32_t width = 106, std::int32_t left = 0) {
         simulated::reset();
         REQUIRE(platform::measureText(font, "x") == platform::Size{letterWidth, rowHeight});
-        box.place(form, "Text1", {0, 0, static_cast<toolkit::Twips>(width) * 15, 3000}, true, "");
+        box.place(form, "Text1",
+                  {static_cast<toolkit::Twips>(left) * 15, 0,
+                   static_cast<toolkit::Twips>(width) * 15, 3000},
+                  true, "");
         box.setText(text, font, toolkit::Blue, toolkit::White);
         form.add(box);
     }
@@ -72,6 +75,8 @@ TEST_CASE("a line that fits exactly is not folded, blanks behind it don't count"
     CHECK(textsOf(narrow.rows()) == std::vector<std::string>{"12 456"});
     Box narrower("12 456", 6 * letterWidth + 5);
     CHECK(textsOf(narrower.rows()) == std::vector<std::string>{"12", "456"});
+    Box further("12 456", 6 * letterWidth + 5, 40);
+    CHECK(textsOf(further.rows()) == std::vector<std::string>{"12", "456"});
 }
 
 TEST_CASE("a word wider than the text box has a row of its own") {
