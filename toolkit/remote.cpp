@@ -23,7 +23,6 @@ std::shared_ptr<Offered>& offered() {
 }
 
 void tellChanges() {
-    if (!offered() || !offered()->state) return;
     const State now = offered()->state();
     if (now == offered()->told) return;
     offered()->told = now;
