@@ -108,6 +108,29 @@ TEST_CASE("a form's size is the window's") {
     CHECK(simulated::window(keys.handle).size == platform::Size{60, 50});
     keys.window.Height(300);
     CHECK(simulated::window(keys.handle).size == platform::Size{60, 20});
+    CHECK(simulated::picture(keys.handle).height == 20);
+    keys.window.Height(450);
+    CHECK(simulated::picture(keys.handle).height == 30);
+}
+
+TEST_CASE("a form that is hidden while it isn't loaded stays hidden, whatever its loading shows") {
+    Keys keys;
+    keys.window.Unload();
+    keys.window.Load = [&] { keys.window.Show(); };
+    keys.window.Hide();
+    CHECK(keys.window.loaded());
+    CHECK_FALSE(keys.window.Visible());
+}
+
+TEST_CASE("a form that was shown alone, and closed, is shown alone again") {
+    Keys keys;
+    keys.window.Unload();
+    for (int time = 0; time < 2; ++time) {
+        CAPTURE(time);
+        simulated::after(10, [&] { keys.window.Unload(); });
+        keys.window.ShowModal();
+        CHECK_FALSE(keys.window.loaded());
+    }
 }
 
 TEST_CASE("a press tells its button, and a move without one none") {

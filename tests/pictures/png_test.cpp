@@ -45,15 +45,51 @@ std::vector<std::byte> stored(const std::vector<std::byte>& plain) {
     return packed;
 }
 
-/// A picture file of two by two pixels of 24 bits, from its filtered rows. Check sums are left out.
-std::vector<std::byte> twoByTwo(std::initializer_list<unsigned> rows) {
-    std::vector<std::byte> file =
-        bytes({0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R', 0,
-               0,    0,   2,   0,   0,    0,    2,    8,    2, 0, 0, 0,  0,   0,   0,   0});
-    const std::vector<std::byte> packed = stored(bytes(rows));
-    for (const std::byte byte :
-         bytes({0, 0, 0, static_cast<unsigned>(packed.size()), 'I', 'D', 'A', 'T'}))
-        file.push_back(byte);
+/// A picture file of 24 bits a pixel, from its filtered rows. Check sums are left out.
+std::vector<std::byte> fileOf(unsigned width, unsigned height, const std::vector<std::byte>& rows) {
+    const std::vector<std::byte> packed = stored(rows);
+    const auto size = static_cast<unsigned>(packed.size());
+    std::vector<std::byte> file = bytes({0x89,
+                                         'P',
+                                         'N',
+                                         'G',
+                                         '\r',
+                                         '\n',
+                                         0x1A,
+                                         '\n',
+                                         0,
+                                         0,
+                                         0,
+                                         13,
+                                         'I',
+                                         'H',
+                                         'D',
+                                         'R',
+                                         0,
+                                         0,
+                                         width >> 8U,
+                                         width & 0xFFU,
+                                         0,
+                                         0,
+                                         height >> 8U,
+                                         height & 0xFFU,
+                                         8,
+                                         2,
+                                         0,
+                                         0,
+                                         0,
+                                         0,
+                                         0,
+                                         0,
+                                         0,
+                                         0,
+                                         0,
+                                         size >> 8U,
+                                         size & 0xFFU,
+                                         'I',
+                                         'D',
+                                         'A',
+                                         'T'});
     file.insert(file.end(), packed.begin(), packed.end());
     return file;
 }
@@ -126,6 +162,21 @@ TEST_CASE("a picture of another form is no picture") {
     }
 }
 
+TEST_CASE("a picture has up to 8192 columns and rows") {
+    const auto wide = [](unsigned width) {
+        return fileOf(width, 1, std::vector<std::byte>(1 + std::size_t{width} * 3));
+    };
+    const auto high = [](unsigned height) {
+        return fileOf(1, height, std::vector<std::byte>(std::size_t{height} * 4));
+    };
+    CHECK(toolkit::decodePng(wide(8192)).width == 8192);
+    CHECK(toolkit::decodePng(wide(8193)).empty());
+    CHECK(toolkit::decodePng(high(8192)).height == 8192);
+    CHECK(toolkit::decodePng(high(8193)).empty());
+    CHECK(toolkit::decodePng(wide(0)).empty());
+    CHECK(toolkit::decodePng(high(0)).empty());
+}
+
 TEST_CASE("a row of each kind is told by what lies before and above it") {
     struct Row {
         std::vector<std::byte> file;
@@ -135,7 +186,7 @@ TEST_CASE("a row of each kind is told by what lies before and above it") {
     // Above are the pixels (100, 60, 21) and (102, 60, 10). The last kind takes those above for the
     // first pixel, and for the second its left neighbour twice and the corner's once.
     const auto below = [&](unsigned kind) {
-        return twoByTwo({plain, 100, 60, 21, 102, 60, 10, kind, 50, 2, 13, 4, 5, 6});
+        return fileOf(2, 2, bytes({plain, 100, 60, 21, 102, 60, 10, kind, 50, 2, 13, 4, 5, 6}));
     };
     const std::vector<Row> rows = {{below(0), {0xFF32020DU, 0xFF040506U}},
                                    {below(1), {0xFF32020DU, 0xFF360713U}},
