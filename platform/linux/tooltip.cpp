@@ -1,12 +1,23 @@
 #include "platform/linux/tooltip.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QToolTip>
+#include <QWidget>
+#include <QWindow>
 
 namespace platform {
 namespace {
 
 constexpr int FirstDelay = 700; // milliseconds
+
+/// What the pointer does where the tip shows is meant for what lies under it.
+void letPointerThrough() {
+    const auto windows = QApplication::topLevelWidgets();
+    for (const QWidget* window : windows)
+        if (window->inherits("QTipLabel") && window->windowHandle() != nullptr)
+            window->windowHandle()->setFlag(Qt::WindowTransparentForInput);
+}
 
 } // namespace
 
@@ -35,6 +46,7 @@ void Tooltip::show() {
     shown_ = true;
     // Shown as it is, not as rich text.
     QToolTip::showText(QCursor::pos(), QString::fromStdString(text_).toHtmlEscaped());
+    letPointerThrough();
 }
 
 } // namespace platform
