@@ -14,7 +14,7 @@ constexpr int belowPointer = 20; // pixels from the pointer's tip to the text
 TTTOOLINFOW toolOf(HWND owner, std::wstring& text) {
     TTTOOLINFOW tool = {};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.uFlags = TTF_TRACK | TTF_ABSOLUTE;
+    tool.uFlags = TTF_TRACK | TTF_ABSOLUTE | TTF_TRANSPARENT;
     tool.hwnd = owner;
     tool.lpszText = text.data();
     return tool;
