@@ -33,6 +33,7 @@
 namespace platform {
 namespace {
 
+constexpr int placingTime = 200;   // ms, in which a window manager has placed what it shows
 constexpr int settlingTime = 1000; // ms, in which a window manager should have answered
 
 std::int64_t milliseconds() {
@@ -123,7 +124,7 @@ void WindowWidget::place(Point place, Size outer) {
         move(place.x + 1, place.y);
     }
     place_ = place;
-    if (isVisible()) exposuresUntilPlaced_ = 0;
+    if (isVisible()) awaitNoPlacing();
     settling_.stop();
     ownMoves_.note(place_, milliseconds());
     move(place_.x, place_.y);
@@ -161,7 +162,9 @@ void WindowWidget::beginToShow() {
     winId();
     windowHandle()->installEventFilter(this);
     watchScreen();
-    exposuresUntilPlaced_ = 2;
+    placing_.stop();
+    isBeingPlaced_ = true;
+    exposuresLeft_ = 2;
     settling_.stop();
     ownMoves_.forget();
     ownMoves_.note(place_, milliseconds());
@@ -184,10 +187,7 @@ void WindowWidget::watchScreen() {
 /// the player's are in pixels of its own. What Qt takes to be the same already it leaves out.
 void WindowWidget::followScale() {
     if (std::exchange(scale_, devicePixelRatioF()) == devicePixelRatioF()) return;
-    for (const std::int32_t x : {place_.x + 1, place_.x}) {
-        ownMoves_.note({x, place_.y}, milliseconds());
-        move(x, place_.y);
-    }
+    moveAnew();
     setFixedSize(client_ + QSize(1, 1));
     setFixedSize(client_);
     if (x::isThere())
@@ -197,6 +197,14 @@ void WindowWidget::followScale() {
     if (QBackingStore* const room = backingStore()) room->resize(client_);
     fitShape();
     update();
+}
+
+/// Moves the window to its place, also if Qt takes it to be there already.
+void WindowWidget::moveAnew() {
+    for (const std::int32_t x : {place_.x + 1, place_.x}) {
+        ownMoves_.note({x, place_.y}, milliseconds());
+        move(x, place_.y);
+    }
 }
 
 void WindowWidget::cut(std::optional<RegionShape> shape) {
@@ -252,14 +260,23 @@ bool WindowWidget::event(QEvent* event) {
 
 bool WindowWidget::eventFilter(QObject* /*watched*/, QEvent* event) {
     // Qt tells of one when the window is mapped, and of one when it can be seen, by when the window
-    // manager has placed it, though the word of it may still be under way.
+    // manager has placed it or is about to.
     if (event->type() != QEvent::Expose || !windowHandle()->isExposed()) return false;
-    if (exposuresUntilPlaced_ == 0 || --exposuresUntilPlaced_ > 0) return false;
-    exposuresUntilPlaced_ = 1;
-    if (x::isThere()) x::awaitServer();
-    QMetaObject::invokeMethod(
-        this, [this] { exposuresUntilPlaced_ = 0; }, Qt::QueuedConnection);
+    if (exposuresLeft_ > 0 && --exposuresLeft_ == 0) placing_.start(placingTime, this);
     return false;
+}
+
+/// Qt's word of where the window has been placed may still be under way.
+void WindowWidget::endPlacing() {
+    const Point now = truePlace();
+    if (isVisible() && !isRounded(now, place_)) standsAgain(now);
+    awaitNoPlacing();
+}
+
+/// From here on a move that isn't the program's own is the user's.
+void WindowWidget::awaitNoPlacing() {
+    placing_.stop();
+    isBeingPlaced_ = false;
 }
 
 void WindowWidget::paintEvent(QPaintEvent* /*event*/) {
@@ -302,11 +319,10 @@ void WindowWidget::moveEvent(QMoveEvent* /*event*/) {
 /// Some window managers put where a window should stand a frame that they then do without, and tell
 /// of places on the way there. Whether this one was asked for the right place.
 bool WindowWidget::standsAgain(Point placed) {
-    if (exposuresUntilPlaced_ == 0) return false;
+    if (!isBeingPlaced_) return false;
     if (!isOnAScreen({QPoint(place_.x, place_.y), size()})) return false;
     ownMoves_.note(placed, milliseconds()); // it may be told more than once
-    ownMoves_.note(place_, milliseconds());
-    move(place_.x, place_.y);
+    moveAnew();
     seenAt_.reset();
     settling_.start(settlingTime, this);
     return true;
@@ -315,9 +331,10 @@ bool WindowWidget::standsAgain(Point placed) {
 /// One that refuses the place leaves the window where it stood, and needn't say so. What is seen
 /// twice isn't on its way elsewhere.
 void WindowWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == placing_.timerId()) return endPlacing();
     if (event->timerId() != settling_.timerId()) return QWidget::timerEvent(event);
     settling_.stop();
-    exposuresUntilPlaced_ = 0;
+    awaitNoPlacing();
     const Point now = truePlace();
     if (!isVisible() || isRounded(now, place_)) return;
     if (std::exchange(seenAt_, now) != now) return settling_.start(settlingTime, this);
@@ -405,7 +422,7 @@ void WindowWidget::tellPress(const QMouseEvent& event, bool secondPress) {
     // Qt counts a press on another window, which was under this one, as a first press too.
     static const WindowWidget* pressedLast = nullptr;
     const bool sameWindow = std::exchange(pressedLast, this) == this;
-    exposuresUntilPlaced_ = 0;
+    awaitNoPlacing();
     settling_.stop();
     takeTruePlace(event);
     tellPointer(PointerAction::Press, event, secondPress && sameWindow);

@@ -83,6 +83,9 @@ class WindowWidget : public QWidget {
     void take(Point place);
     void takeTruePlace(const QMouseEvent& event);
     bool standsAgain(Point placed);
+    void endPlacing();
+    void awaitNoPlacing();
+    void moveAnew();
     void beginToShow();
     void resizeTo(Size outer);
     void fitShape();
@@ -99,7 +102,9 @@ class WindowWidget : public QWidget {
     std::optional<RegionShape> shape_;
     RegionRows cutTo_; ///< the shape on the display as it was last cut by this class
     OwnMoves ownMoves_;
-    int exposuresUntilPlaced_ = 0; ///< 0 once the window manager has placed what it shows
+    bool isBeingPlaced_ = false; ///< by the window manager, from the showing on
+    int exposuresLeft_ = 0;      ///< until the window is seen
+    QBasicTimer placing_;        ///< runs from then until the window must have been placed
     QBasicTimer settling_; ///< runs until the window manager must have said where the window stands
     std::optional<Point> seenAt_; ///< where the display had the window instead of at its place
     bool besideMain_ = false;
