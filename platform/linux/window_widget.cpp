@@ -199,12 +199,14 @@ void WindowWidget::followScale() {
     update();
 }
 
-/// Moves the window to its place, also if Qt takes it to be there already.
+/// Moves the window to its place, by a step aside if Qt takes it to be there already.
 void WindowWidget::moveAnew() {
-    for (const std::int32_t x : {place_.x + 1, place_.x}) {
-        ownMoves_.note({x, place_.y}, milliseconds());
-        move(x, place_.y);
+    if (pos() == QPoint(place_.x, place_.y)) {
+        ownMoves_.note({place_.x + 1, place_.y}, milliseconds());
+        move(place_.x + 1, place_.y);
     }
+    ownMoves_.note(place_, milliseconds());
+    move(place_.x, place_.y);
 }
 
 void WindowWidget::cut(std::optional<RegionShape> shape) {
