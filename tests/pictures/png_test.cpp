@@ -49,47 +49,15 @@ std::vector<std::byte> stored(const std::vector<std::byte>& plain) {
 std::vector<std::byte> fileOf(unsigned width, unsigned height, const std::vector<std::byte>& rows) {
     const std::vector<std::byte> packed = stored(rows);
     const auto size = static_cast<unsigned>(packed.size());
-    std::vector<std::byte> file = bytes({0x89,
-                                         'P',
-                                         'N',
-                                         'G',
-                                         '\r',
-                                         '\n',
-                                         0x1A,
-                                         '\n',
-                                         0,
-                                         0,
-                                         0,
-                                         13,
-                                         'I',
-                                         'H',
-                                         'D',
-                                         'R',
-                                         0,
-                                         0,
-                                         width >> 8U,
-                                         width & 0xFFU,
-                                         0,
-                                         0,
-                                         height >> 8U,
-                                         height & 0xFFU,
-                                         8,
-                                         2,
-                                         0,
-                                         0,
-                                         0,
-                                         0,
-                                         0,
-                                         0,
-                                         0,
-                                         0,
-                                         0,
-                                         size >> 8U,
-                                         size & 0xFFU,
-                                         'I',
-                                         'D',
-                                         'A',
-                                         'T'});
+    std::vector<std::byte> file =
+        bytes({0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'});
+    const auto add = [&](std::initializer_list<unsigned> values) {
+        const std::vector<std::byte> more = bytes(values);
+        file.insert(file.end(), more.begin(), more.end());
+    };
+    add({0, 0, width >> 8U, width & 0xFFU, 0, 0, height >> 8U, height & 0xFFU});
+    add({8, 2, 0, 0, 0, 0, 0, 0, 0}); // the form, and no check sum
+    add({0, 0, size >> 8U, size & 0xFFU, 'I', 'D', 'A', 'T'});
     file.insert(file.end(), packed.begin(), packed.end());
     return file;
 }
