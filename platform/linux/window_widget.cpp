@@ -124,7 +124,7 @@ void WindowWidget::place(Point place, Size outer) {
         move(place.x + 1, place.y);
     }
     place_ = place;
-    if (isVisible()) awaitNoPlacing();
+    if (isVisible()) endPlacing();
     settling_.stop();
     ownMoves_.note(place_, milliseconds());
     move(place_.x, place_.y);
@@ -269,14 +269,14 @@ bool WindowWidget::eventFilter(QObject* /*watched*/, QEvent* event) {
 }
 
 /// Qt's word of where the window has been placed may still be under way.
-void WindowWidget::endPlacing() {
+void WindowWidget::checkPlacing() {
     const Point now = truePlace();
     if (isVisible() && !isRounded(now, place_)) standsAgain(now);
-    awaitNoPlacing();
+    endPlacing();
 }
 
 /// From here on a move that isn't the program's own is the user's.
-void WindowWidget::awaitNoPlacing() {
+void WindowWidget::endPlacing() {
     placing_.stop();
     isBeingPlaced_ = false;
 }
@@ -333,10 +333,10 @@ bool WindowWidget::standsAgain(Point placed) {
 /// One that refuses the place leaves the window where it stood, and needn't say so. What is seen
 /// twice isn't on its way elsewhere.
 void WindowWidget::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == placing_.timerId()) return endPlacing();
+    if (event->timerId() == placing_.timerId()) return checkPlacing();
     if (event->timerId() != settling_.timerId()) return QWidget::timerEvent(event);
     settling_.stop();
-    awaitNoPlacing();
+    endPlacing();
     const Point now = truePlace();
     if (!isVisible() || isRounded(now, place_)) return;
     if (std::exchange(seenAt_, now) != now) return settling_.start(settlingTime, this);
@@ -424,7 +424,7 @@ void WindowWidget::tellPress(const QMouseEvent& event, bool secondPress) {
     // Qt counts a press on another window, which was under this one, as a first press too.
     static const WindowWidget* pressedLast = nullptr;
     const bool sameWindow = std::exchange(pressedLast, this) == this;
-    awaitNoPlacing();
+    endPlacing();
     settling_.stop();
     takeTruePlace(event);
     tellPointer(PointerAction::Press, event, secondPress && sameWindow);

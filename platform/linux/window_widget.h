@@ -83,8 +83,8 @@ class WindowWidget : public QWidget {
     void take(Point place);
     void takeTruePlace(const QMouseEvent& event);
     bool standsAgain(Point placed);
+    void checkPlacing();
     void endPlacing();
-    void awaitNoPlacing();
     void moveAnew();
     void beginToShow();
     void resizeTo(Size outer);
