@@ -164,6 +164,7 @@ void WindowWidget::beginToShow() {
     watchScreen();
     placing_.stop();
     isBeingPlaced_ = true;
+    wantsItsPlace_ = isOnAScreen({QPoint(place_.x, place_.y), size()});
     exposuresLeft_ = 2;
     settling_.stop();
     ownMoves_.forget();
@@ -271,7 +272,7 @@ bool WindowWidget::eventFilter(QObject* /*watched*/, QEvent* event) {
 /// Qt's word of where the window has been placed may still be under way.
 void WindowWidget::checkPlacing() {
     const Point now = truePlace();
-    if (isVisible() && !isRounded(now, place_)) standsAgain(now);
+    if (isVisible() && !isRounded(now, place_) && !standsAgain(now)) take(now);
     endPlacing();
 }
 
@@ -321,8 +322,7 @@ void WindowWidget::moveEvent(QMoveEvent* /*event*/) {
 /// Some window managers put where a window should stand a frame that they then do without, and tell
 /// of places on the way there. Whether this one was asked for the right place.
 bool WindowWidget::standsAgain(Point placed) {
-    if (!isBeingPlaced_) return false;
-    if (!isOnAScreen({QPoint(place_.x, place_.y), size()})) return false;
+    if (!isBeingPlaced_ || !wantsItsPlace_) return false;
     ownMoves_.note(placed, milliseconds()); // it may be told more than once
     moveAnew();
     seenAt_.reset();

@@ -103,6 +103,7 @@ class WindowWidget : public QWidget {
     RegionRows cutTo_; ///< the shape on the display as it was last cut by this class
     OwnMoves ownMoves_;
     bool isBeingPlaced_ = false; ///< by the window manager, from the showing on
+    bool wantsItsPlace_ = false; ///< the one of its showing, which is on a screen
     int exposuresLeft_ = 0;      ///< until the window is seen
     QBasicTimer placing_;        ///< runs from then until the window must have been placed
     QBasicTimer settling_; ///< runs until the window manager must have said where the window stands

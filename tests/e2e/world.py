@@ -169,7 +169,12 @@ class Player:
 
     def status(self):
         """The exit status, once it has ended."""
-        return self.process.wait(PATIENCE)
+        try:
+            return self.process.wait(PATIENCE)
+        except subprocess.TimeoutExpired as error:
+            keyboard = output_of("xdotool", "getactivewindow").decode().strip()
+            raise AssertionError(f"{error}; the keyboard is in window {keyboard or 'none'}"
+                                 f"{under_the_pointer()}") from error
 
     def words(self):
         return self.log.read_text(errors="replace")

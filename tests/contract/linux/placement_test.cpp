@@ -222,6 +222,25 @@ TEST_CASE(
     CHECK(contract::waitUntil([&] { return placed.told.back() == put; }));
 }
 
+TEST_CASE("a window that was on no screen isn't brought back to a place on its way to the screen") {
+    const Point nowhere{5000, 200};
+    const Point way{-15, -15};
+    const Placed placed(nowhere);
+    xcb_grab_server(x::server()); // the window manager comes after this
+    showWindow(placed.handle, true);
+    tellPlace(placed.handle, way);
+    x::awaitServer();
+    contract::letPass(1);
+    xcb_ungrab_server(x::server());
+    x::awaitServer();
+    REQUIRE(contract::waitUntil([&] { return !placed.told.empty() && placed.told.back() != way; }));
+    contract::letPass(500); // until it must have been placed
+    const Point put = placed.told.back();
+    CHECK(put != way);
+    const auto stands = x::placeOf(windowOf(placed.handle));
+    CHECK(Point{stands.x, stands.y} == put);
+}
+
 TEST_CASE("a window takes its new size from a move") {
     Placed placed({300, 200});
     showWindow(placed.handle, true);
