@@ -118,10 +118,11 @@ def portal_given_up(world):
     player, window = start_with(world)
     open_key_menu(player, window).choose(DIRECTORY)
     portal.opened()
+    before = numbers(player)
     portal.order("Leave")
-    portal.process.wait(60)
-    # Without a portal the player has its own.
-    wait_until(lambda: opens_own_dialog(player, window), "the player's own dialog", player)
+    # The portal is gone before the player is told.
+    wait_until(lambda: clicked_open(player, window, before), "the owner to take clicks", player)
+    opens_own_dialog(player, window)
     portal = Portal(world)
     open_key_menu(player, window).choose(FILE)
     portal.opened()
@@ -131,11 +132,11 @@ def portal_given_up(world):
 
 
 def opens_own_dialog(player, window):
+    """What a player without a portal opens."""
     open_key_menu(player, window).choose(FILE)
     dialog = player.dialog(OPEN_TITLE)
     xdotool("windowfocus", "--sync", dialog.number)
     escape(player, dialog)
-    return True
 
 
 def brightness_of_menu(player, window):
