@@ -2,13 +2,17 @@
 #include "platform/linux/input_barrier.h"
 #include "platform/linux/window_table.h"
 #include "platform/linux/window_widget.h"
+#include "platform/linux/x_server.h"
 #include "platform/window.h"
 
 #include <QCursor>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProxyStyle>
+#include <QTimer>
+#include <QWindow>
 
 #include <cstdint>
 #include <string>
@@ -42,6 +46,22 @@ void fillMenu(QMenu& menu, const std::vector<MenuItem>& items, QStyle& style) {
             fillMenu(*menu.addMenu(menuText(item.caption)), item.children, style);
 }
 
+bool knowsWhoHasTheKeyboard() {
+    const QWindow* const told = QGuiApplication::focusWindow();
+    return told == nullptr || !x::isThere() || told->winId() == x::keyboardWindow();
+}
+
+/// Qt tells 100 ms late that the keyboard has left the player, as when a panel with the tray takes
+/// it at a click, and then closes a menu that has just come up.
+void awaitLossOfKeyboard() {
+    if (knowsWhoHasTheKeyboard()) return;
+    constexpr int longest = 200; // ms
+    QEventLoop loop;
+    QTimer::singleShot(longest, &loop, &QEventLoop::quit);
+    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 } // namespace
 
 void showWindowModal(WindowHandle window) {
@@ -57,11 +77,13 @@ void showWindowModal(WindowHandle window) {
 }
 
 std::int32_t popupMenu(WindowHandle /*window*/, const std::vector<MenuItem>& items) {
+    const QPoint place = QCursor::pos();
     followDesktop();
+    awaitLossOfKeyboard();
     PlainMenus style;
     QMenu menu;
     fillMenu(menu, items, style);
-    const QAction* const picked = menu.exec(QCursor::pos());
+    const QAction* const picked = menu.exec(place);
     return picked == nullptr ? 0 : picked->data().toInt();
 }
 

@@ -133,6 +133,12 @@ void awaitServer() {
         xcb_get_input_focus_reply(server(), xcb_get_input_focus(server()), nullptr));
 }
 
+xcb_window_t keyboardWindow() {
+    const Reply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(server(), xcb_get_input_focus(server()), nullptr));
+    return reply == nullptr ? xcb_window_t{XCB_NONE} : reply->focus;
+}
+
 std::vector<std::uint32_t> property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) {
     constexpr std::uint32_t longest = 1024;
     const auto request = xcb_get_property(server(), 0, window, name, type, 0, longest);

@@ -65,6 +65,9 @@ void leaveIcon(xcb_window_t window);
 /// Where a window's top left corner is, in the display's own pixels.
 Point placeOf(xcb_window_t window);
 
+/// The window that gets the keys; 0 or 1 if it is none or the one under the pointer.
+xcb_window_t keyboardWindow();
+
 /// Waits until the server has done what it was asked so far.
 void awaitServer();
 

@@ -110,6 +110,22 @@ TEST_CASE("a menu that is left by Escape or a click elsewhere picks nothing") {
     CHECK(pick({"mousemove 900 600 click 1"}) == 0);
 }
 
+TEST_CASE("a menu that comes up right after the last window has gone stays") {
+    const contract::Window window;
+    showWindow(window.handle, true);
+    REQUIRE(contract::waitUntil([] { return QApplication::activeWindow() != nullptr; }));
+    showWindow(window.handle, false);
+    contract::letPass(20);
+    Sleep(150); // Qt is late with the news that the keyboard has gone elsewhere
+    bool stays = false;
+    const contract::Timer look{600, [&] {
+                                   stays = QApplication::activePopupWidget() != nullptr;
+                                   xdotool("key Escape");
+                               }};
+    popupMenu(window.handle, items);
+    CHECK(stays);
+}
+
 TEST_CASE("a message box is closed by the keyboard") {
     const Later later({"key Return"});
     messageBox("There is <b>nothing</b> to play.", "Orvan", MessageIcon::Critical);
