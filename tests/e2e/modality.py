@@ -2,7 +2,7 @@
 
 from menus import ABOUT, MAXIMIZED, OPEN_FILE, numbers
 from scenario import scenario
-from sessions import click, face_at, xdotool
+from sessions import click, comes_back, xdotool
 from shell import (ABOUT_TITLE, MINIMISE, OPEN_TITLE, Tray, about_of, close_about, escape,
                    quit_player, start_with, wait_until_gone)
 from world import check, output_of, wait_until
@@ -54,7 +54,7 @@ def tray_beside_the_about_box(world):
     wait_until_gone(player, window, "the window to hide")
     about = open_about(tray, player)
     tray.click(player, times=2)
-    again = face_at(player, (window.left, window.top))
+    again = comes_back(player, window)
     click(again, MINIMISE)
     tray.choose(player, MAXIMIZED)
     check(again.number in numbers(player), "the main window took a click")

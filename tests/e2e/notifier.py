@@ -6,7 +6,7 @@ import time
 
 from menus import EXIT, Menu, numbers
 from scenario import scenario
-from sessions import click, xdotool
+from sessions import click, comes_back, xdotool
 from shell import (DOUBLE_CLICK, MINIMISE, OPEN_TITLE, about_of, close_about, escape, open_playlist,
                    quit_player, start_with, wait_until_gone)
 from world import check, output_of, wait_until
@@ -75,7 +75,7 @@ def restores_from_the_bus(world):
     time.sleep(DOUBLE_CLICK)
     check(window.number not in numbers(player), "a single call brought the window back")
     tray.call("Activate", "Activate")
-    quit_player(player, player.face())
+    quit_player(player, comes_back(player, window))
 
 
 @scenario("the menu of an icon on the message bus opens at the pointer, and ends the player",
@@ -112,9 +112,9 @@ def menu_shown_by_the_desktop(world):
 @scenario("where the desktop tells of double clicks only, one call brings the hidden window back",
           only="linux", because=ONLY_THERE)
 def restores_by_one_call(world):
-    tray, player, _ = hidden_behind_an_icon(world, "--gnome")
+    tray, player, window = hidden_behind_an_icon(world, "--gnome")
     tray.call("Activate")
-    quit_player(player, player.face())
+    quit_player(player, comes_back(player, window))
 
 
 @scenario("a desktop that waits for what a click in its tray brings is told that it is there",
@@ -162,12 +162,12 @@ def restarted_bus_tray(world):
 @scenario("an icon is there again once its desktop has its tray back, as after a locked screen",
           only="linux", because=ONLY_THERE)
 def tray_behind_a_locked_screen(world):
-    tray, player, _ = hidden_behind_an_icon(world, "--gnome")
+    tray, player, window = hidden_behind_an_icon(world, "--gnome")
     for _ in range(2):
         tray.call("Close", "Open")
         tray.says("icon")
     tray.call("Activate")
-    again = player.face()
+    again = comes_back(player, window)
     # Another desktop's tray has none, nor has this one from then on.
     tray.call("Close")
     other = BusTray(world)

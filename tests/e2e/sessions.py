@@ -94,6 +94,11 @@ def face_at(player, place):
         raise AssertionError(f"{error}; it stands at {seen}") from error
 
 
+def comes_back(player, window):
+    """The main window, once it is again where it stood."""
+    return face_at(player, (window.left, window.top))
+
+
 def tones_heard(ear):
     """The tones in the order in which they sounded, each with its first and its last block."""
     recording = ear.so_far()

@@ -7,8 +7,8 @@ import time
 from menus import (ABOUT, DIRECTORY, EXIT, FILE, MAXIMIZED, NEXT_ENTRY, OPEN_DIRECTORY, OPEN_FILE,
                    PLAY_ENTRY, STOP_ENTRY, Menu, numbers)
 from scenario import scenario
-from sessions import (NEXT, OPEN_TITLE, PLAY, QUIT, click, face_at, list_field, settings_line, start,
-                      tones_heard, xdotool)
+from sessions import (NEXT, OPEN_TITLE, PLAY, QUIT, click, comes_back, face_at, list_field,
+                      settings_line, start, tones_heard, xdotool)
 from world import (SETTINGS, Screenshot, activate, check, facts_of, output_of,
                    wait_until)
 
@@ -251,7 +251,7 @@ def restored_from_the_tray(world, tray):
     time.sleep(DOUBLE_CLICK)
     check(window.number not in numbers(player), "a single click brought the window back")
     tray.click(player, times=2)
-    return player, face_at(player, (window.left, window.top))
+    return player, comes_back(player, window)
 
 
 @scenario("a double click on the tray icon brings the hidden window back, a single one does not",
@@ -315,7 +315,8 @@ def about_of(player):
 
 
 def close_about(player, about):
-    click(about, CLOSE)
+    # A window manager may have put it elsewhere since it was first seen.
+    click(about_of(player), CLOSE)
     wait_until_gone(player, about, "the about box to close")
 
 
