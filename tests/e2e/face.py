@@ -1,11 +1,11 @@
 """The main window's face under a real pointer: keys, seek bar, volume slider and alarm, heard."""
 
 import array
-import glob
 import subprocess
 import sys
 import time
 
+from clock import clock_from, forget_clock
 from scenario import scenario
 from sessions import NEXT, PLAY, QUIT, click, make_tones, settings_line, xdotool
 from world import Screenshot, check, hear, wait_until
@@ -287,14 +287,12 @@ def hold_the_minute(world):
 
 @scenario("an armed alarm starts the music at its time")
 def alarm(world):
-    faked = glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")
-    check(faked, "the library that fakes the clock is not installed")
     tone = world.tone("morning.mp3", 440)
     # How far a click steps depends on how busy the machine is, so the minute is a saved one.
     world.save(settings_line(world, [tone]).replace("*0*0**0*0*", "*0*2**0*0*"))
     ear = world.listen()
-    player = world.start(LD_PRELOAD=faked[0], FAKETIME="@2026-03-01 00:01:40", TZ="UTC",
-                         FAKETIME_DONT_FAKE_MONOTONIC="1")
+    player = world.start(**clock_from("2026-03-01 00:01:40"))
+    world.stack.callback(forget_clock, player.process.pid)
     window = player.face()
     open_panel(player, window)
     click(window, SET)

@@ -19,6 +19,7 @@ from debian import Machine, depends_of, package_in, unpacked
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tests" / "e2e"))
+from clock import NAMES, at_time  # noqa: E402
 from scenario import run, scenario  # noqa: E402
 from world import World, check  # noqa: E402
 
@@ -189,13 +190,22 @@ def same_bytes(world):
                    "NO_FAKE_STAT": "1"}
     packing = ('umask 077; scripts/pack-windows x86 "$1" && scripts/pack-windows x64 "$1" &&'
                ' scripts/pack-debian "$1"')
-    subprocess.run(["faketime", "2031-02-03 04:05:06", "bash", "-c", packing, "bash", out],
+    subprocess.run(at_time("2031-02-03 04:05:06", "bash", "-c", packing, "bash", out),
                    cwd=ROOT, env=environment, check=True)
     first = sorted(set(pathlib.Path(world.program).iterdir()) -
                    {pathlib.Path(world.program) / SUMS})
     check(len(first) == 3, f"packed were {first}")
     for package in first:
         check((out / package.name).read_bytes() == package.read_bytes(), f"{package.name} differs")
+
+
+@scenario("packing at another time works where a dead process with its number has left a clock")
+def left_clocks(_world):
+    left = " ".join(name.format("$$") for name in NAMES)
+    command = at_time("2031-02-03 04:05:06", "date", "+%F")
+    day = subprocess.run(["bash", "-c", f'touch {left}; exec "$@"', "bash", *command], check=True,
+                         stdout=subprocess.PIPE, text=True).stdout
+    check(day == "2031-02-03\n", f"it was {day}")
 
 
 @scenario("the Debian package's files are root's, for all to read and for nobody else to write")
