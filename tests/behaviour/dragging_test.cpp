@@ -1,3 +1,4 @@
+#include "movement/form_places.h"
 #include "tests/behaviour/strip_rows.h"
 #include "tests/behaviour/window_pair.h"
 
@@ -465,6 +466,15 @@ TEST_CASE("a docked playlist of another size snaps to the edges by its own") {
     beside.dragMain(300, 707);
     CHECK(beside.main() == Point{300, 707});
     CHECK(beside.list() == Point{576, 718});
+}
+
+TEST_CASE("a window that is moved is painted anew") {
+    WindowPair windows({300, 300}, {300, 382});
+    simulated::advance(1);
+    const auto& window = simulated::window(windows.player.mainWindow());
+    REQUIRE_FALSE(window.paintWanted);
+    places::move(windows.player.frmPlayer().window, {310, 300});
+    CHECK(window.paintWanted);
 }
 
 TEST_CASE("dragging one window doesn't take up the other one's press") {

@@ -205,6 +205,16 @@ TEST_CASE("a command that fails leaves the status as it was, and nothing is show
     CHECK(world.messages.shown.empty());
 }
 
+TEST_CASE("a file that opens leaves the engine idle, whatever the device was doing") {
+    EngineAlone alone;
+    alone.engine().PlayM();
+    SUBCASE("playing") {}
+    SUBCASE("paused") { alone.engine().PauseM(); }
+    world.media.answer("open", "");
+    alone.engine().FileName(1, track);
+    CHECK(alone.engine().Status() == "Idle");
+}
+
 TEST_CASE("a play that fails leaves the engine idle") {
     EngineAlone alone;
     world.media.fail("play");

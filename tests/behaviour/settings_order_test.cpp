@@ -105,3 +105,11 @@ TEST_CASE("the saved list comes back in no order but its own, and is saved in it
     CHECK(behaviour::endsTheProcess([&] { player.click(player.frmPlayer().pctquit); }));
     CHECK(world.files.text(file) == line);
 }
+
+TEST_CASE("what follows the end of the saved list is the leftover of taking it apart") {
+    Player player;
+    world.files.addFile(file, "3*0*0*C:\\a.mp3//left*120*90*0*0**0*0*120*1320*\n");
+    player.start();
+    CHECK(player.list().ListCount() == 1);
+    CHECK(player.frmPlayer().savedTrackList == "left");
+}

@@ -140,6 +140,13 @@ TEST_CASE("what changes nothing and what only asks loads a form all the same") {
     }
 }
 
+TEST_CASE("an interval that is set outlasts the one that the loading brings") {
+    Untouched untouched;
+    untouched.window.Load = [&] { untouched.timer.Interval(300); };
+    untouched.timer.Interval(200);
+    CHECK(untouched.timer.Interval() == 200);
+}
+
 TEST_CASE(
     "a reader that asks for a window that isn't there is told nothing, and brings nothing back") {
     Untouched untouched;

@@ -150,3 +150,11 @@ TEST_CASE("a press tells its button, and a move without one none") {
         simulated::release(button);
     }
 }
+
+TEST_CASE("a press that hides what it lands on shows none of its tooltip") {
+    Keys keys;
+    keys.told.MouseDown = [&](const auto&) { keys.told.Visible(false); };
+    simulated::pressAt(keys.handle, 15, 15);
+    REQUIRE_FALSE(keys.told.Visible());
+    CHECK(simulated::window(keys.handle).tooltipsSet == 0);
+}
